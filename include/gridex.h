@@ -356,6 +356,115 @@ GX_API double gx_unit_factor(const gx_unit *unit);
 
 /* @@gridex-section:math@@ (ellipsoid and complex mathematics) */
 
+/* @@gridex-section:factory@@ (definition tables, code lists and factory) */
+
+/* Macro names of predefined objects (GX_GCS_WGS_1984 ...).  A table's rows are sorted by
+   macro name, compared case-insensitively with '-' counted as '_'; a code may have several
+   names (old ones kept as aliases). */
+typedef struct gx_deftbl_entry {
+    int code;
+    const char *macro;
+} gx_deftbl_entry;
+
+typedef struct gx_deftbl {
+    const gx_deftbl_entry *rows;
+    int count;
+} gx_deftbl;
+
+GX_API extern const gx_deftbl gx_geogcs_deftbl;
+GX_API extern const gx_deftbl gx_projcs_deftbl;
+GX_API extern const gx_deftbl gx_vertcs_deftbl;
+GX_API extern const gx_deftbl gx_hvcoordsys_deftbl;
+GX_API extern const gx_deftbl gx_datum_deftbl;
+GX_API extern const gx_deftbl gx_vdatum_deftbl;
+GX_API extern const gx_deftbl gx_geogtran_deftbl;
+GX_API extern const gx_deftbl gx_unit_deftbl; /* linear and angular units together */
+GX_API extern const gx_deftbl gx_primem_deftbl;
+GX_API extern const gx_deftbl gx_spheroid_deftbl;
+GX_API extern const gx_deftbl gx_method_deftbl;
+GX_API extern const gx_deftbl gx_htmethod_deftbl;
+GX_API extern const gx_deftbl gx_projection_deftbl;
+GX_API extern const gx_deftbl gx_parameter_deftbl;
+GX_API extern const gx_deftbl gx_vtmethod_deftbl;
+GX_API extern const gx_deftbl gx_verttran_deftbl;
+GX_API extern const gx_deftbl gx_discontinued_deftbl; /* names of codes no longer built */
+
+/* The code named by a macro name or a decimal number (leading white space skipped); 0 when
+   unknown or null.  Text that starts with a digit is read as a number without checks. */
+GX_API int gx_factory_defstring_to_int(const char *s);
+/* The first macro name of a code (constant, not to be freed), or null. */
+GX_API const char *gx_factory_int_to_defstring(int code);
+/* The macro table of a type code (GX_TYPE_*), or null. */
+GX_API const gx_deftbl *gx_factory_defstring_get_tbl(int type);
+
+/* Code ranges: which codes belong to a type and which authority issued them ("EPSG" version
+   "6.13", "TAVU" version "9.3.0", "CUSTOM" with an empty version for user definitions).
+   Bounds are inclusive; no code below 1000 or above 210099 belongs to any type. */
+typedef struct gx_coderange {
+    int low;
+    int high;
+    const char *authority;
+    const char *version;
+} gx_coderange;
+
+typedef struct gx_coderanges {
+    int count;
+    const gx_coderange *rows;
+} gx_coderanges;
+
+/* Range descriptor of a type code, null for an unknown type. */
+GX_API const gx_coderanges *gx_factory_coderanges_tbl(int type);
+/* 1 when code lies in one of the ranges, else 0 (also for null ranges). */
+GX_API int gx_factory_coderanges_check(const gx_coderanges *ranges, int code);
+GX_API int gx_factory_coderanges_check_type(int type, int code);
+/* The type whose ranges hold the code (linear or angular unit rather than unit), or 0. */
+GX_API int gx_factory_coderanges_type(int code);
+
+/* Per object type: its code ranges; the authority and version of a code (outputs untouched
+   when no range holds it); the sorted list of its predefined codes, 0-terminated, allocated
+   (free with gx_factory_codelist_del; count may be null). */
+#define GX_DECLARE_CODE_FAMILY(T)                                                             \
+    GX_API const gx_coderanges *gx_factory_coderanges_##T(void);                               \
+    GX_API void gx_factory_authority_##T(int code, const char **authority,                     \
+                                         const char **version);                                \
+    GX_API int *gx_factory_##T##_codelist(int *count)
+
+GX_DECLARE_CODE_FAMILY(geogcs);
+GX_DECLARE_CODE_FAMILY(projcs);
+GX_DECLARE_CODE_FAMILY(vertcs);
+GX_DECLARE_CODE_FAMILY(hvcoordsys);
+GX_DECLARE_CODE_FAMILY(datum);
+GX_DECLARE_CODE_FAMILY(vdatum);
+GX_DECLARE_CODE_FAMILY(geogtran);
+GX_DECLARE_CODE_FAMILY(verttran);
+GX_DECLARE_CODE_FAMILY(angunit);
+GX_DECLARE_CODE_FAMILY(linunit);
+GX_DECLARE_CODE_FAMILY(unit);
+GX_DECLARE_CODE_FAMILY(primem);
+GX_DECLARE_CODE_FAMILY(spheroid);
+GX_DECLARE_CODE_FAMILY(method);
+GX_DECLARE_CODE_FAMILY(htmethod);
+GX_DECLARE_CODE_FAMILY(vtmethod);
+GX_DECLARE_CODE_FAMILY(projection);
+GX_DECLARE_CODE_FAMILY(parameter);
+
+GX_API int *gx_factory_angular_unit_codelist(int *count);
+GX_API int *gx_factory_linear_unit_codelist(int *count);
+GX_API int *gx_factory_object_codelist(int type, int *count);
+GX_API void gx_factory_codelist_del(int *list);
+
+/* 1 when code is in a 0-terminated list of codes, else 0. */
+GX_API int gx_factory_discontinued_lookup(const int *list, int code);
+/* The replacement of code in a list of {requested, replacement} pairs ended by a 0 request,
+   or 0. */
+GX_API int gx_factory_codechange_lookup(const int *pairs, int code);
+
+/* One predefined object in a table of them; a table ends with code 0 and an empty name. */
+typedef struct gx_table_entry {
+    int code;
+    char name[GX_NAME_LEN];
+} gx_table_entry;
+
 #ifdef __cplusplus
 }
 #endif
