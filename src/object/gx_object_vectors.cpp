@@ -1,0 +1,28 @@
+// The operation-vector table: one row per object type, through which the generic gx_object_*
+// operations reach a type's own.  A type defines its row next to its code (GX_DEFINE_*_FAMILY)
+// and is listed here once, in the table's fixed order.
+#include "object/gx_core.h"
+
+extern const gx_object_vec gx_authority_vector;
+extern const gx_object_vec gx_unit_vector;
+
+namespace {
+
+const gx_object_vec *const vector_table[] = {
+    // adjhcs, array,
+    &gx_authority_vector,
+    // datum, geogcs, geogtran, geoxyzcs, htmethod, hvcoordsys, method, parameter, primem,
+    // projcs, projection, spheroid,
+    &gx_unit_vector,
+    // vdatum, vertcs, verttran, vtmethod
+};
+
+} // namespace
+
+const gx_object_vec *gx_object_vector(unsigned int type)
+{
+    for (const gx_object_vec *row : vector_table)
+        if (row->type == type)
+            return row;
+    return nullptr;
+}
