@@ -8,13 +8,30 @@ extern const gx_object_vec gx_unit_vector;
 
 namespace {
 
+// In the table's order: adjhcs, array, authority, datum, geogcs, geogtran, geoxyzcs, htmethod,
+// hvcoordsys, method, parameter, primem, projcs, projection, spheroid, unit, vdatum, vertcs,
+// verttran, vtmethod.
 const gx_object_vec *const vector_table[] = {
-    // adjhcs, array,
+    // adjhcs
+    // array
     &gx_authority_vector,
-    // datum, geogcs, geogtran, geoxyzcs, htmethod, hvcoordsys, method, parameter, primem,
-    // projcs, projection, spheroid,
+    // datum
+    // geogcs
+    // geogtran
+    // geoxyzcs
+    // htmethod
+    // hvcoordsys
+    // method
+    // parameter
+    // primem
+    // projcs
+    // projection
+    // spheroid
     &gx_unit_vector,
-    // vdatum, vertcs, verttran, vtmethod
+    // vdatum
+    // vertcs
+    // verttran
+    // vtmethod
 };
 
 } // namespace

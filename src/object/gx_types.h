@@ -5,6 +5,9 @@
 
 #include "object/gx_core.h"
 #include "object/gx_wkt.h"
+#include "object/gx_components.h"
+#include "object/gx_coordsys.h"
+#include "projection/gx_registry.h"
 
 namespace gx {
 
