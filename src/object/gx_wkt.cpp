@@ -17,6 +17,14 @@ void wkt_parse::error(unsigned int number, const char *format, ...)
     va_end(args);
 }
 
+void wkt_parse::error_as(const char *function, unsigned int number, const char *format, ...)
+{
+    va_list args;
+    va_start(args, format);
+    gx_err_var(rec, GX_ERRLVL_ERROR, GX_ERRCAT_WKT, number, function, format, args);
+    va_end(args);
+}
+
 int wkt_object_end(const gx_token_list *list, int start)
 {
     const int level = list->tokens[start].level;
@@ -177,14 +185,18 @@ gx_object_header *wkt_from_tokens(const wkt_grammar &grammar, const gx_token_lis
     return obj;
 }
 
-// Tokenizes from the first occurrence of `keyword` and reports the tokenizer's problem under the
-// type's function name.  Returns false when no parse can follow.
-static bool tokenize(gx_token_list &list, const char *text, const char *keyword,
-                     const char *function, gx_err_rec *rec)
+// Tokenizes from the first occurrence of the type's keyword and reports the tokenizer's problem
+// under the type's function name.  A type with two keywords (SPHEROID, ELLIPSOID) looks for the
+// second when the first is not in the text; only the last attempt is reported, so a text that
+// uses the second keyword reads without a message.  Returns false when no parse can follow.
+static bool tokenize(gx_token_list &list, const char *text, const wkt_grammar &grammar,
+                     gx_err_rec *rec)
 {
-    const int rc = gx_objstring_to_tokens(&list, text, keyword);
+    int rc = gx_objstring_to_tokens(&list, text, grammar.keyword);
+    if (rc != 0 && list.error_number == 466 && grammar.keyword2 != nullptr)
+        rc = gx_objstring_to_tokens(&list, text, grammar.keyword2);
     if (list.error_level != 0)
-        gx_err_str(rec, list.error_level, GX_ERRCAT_WKT, list.error_number, function,
+        gx_err_str(rec, list.error_level, GX_ERRCAT_WKT, list.error_number, grammar.function,
                    list.message);
     return rc == 0;
 }
@@ -203,14 +215,7 @@ gx_object_header *wkt_from_string(const wkt_grammar &grammar, const char *text, 
         return nullptr;
     }
     gx_object_header *obj = nullptr;
-    bool ok = tokenize(*list, text, grammar.keyword, grammar.function, scope.rec());
-    // A type with two keywords (SPHEROID, ELLIPSOID) looks for the second when the first is
-    // not in the text.
-    if (!ok && list->error_number == 466 && grammar.keyword2 != nullptr) {
-        gx_err_clear(scope.rec());
-        ok = tokenize(*list, text, grammar.keyword2, grammar.function, scope.rec());
-    }
-    if (ok)
+    if (tokenize(*list, text, grammar, scope.rec()))
         obj = wkt_from_tokens(grammar, list, 0, nullptr, err);
     gx_deallocate_rtn(list);
     return obj;

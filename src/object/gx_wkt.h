@@ -81,6 +81,9 @@ struct wkt_parse {
 
     // Reports a WKT error (category 16) under the grammar's function name.
     void error(unsigned int number, const char *format, ...) GX_PRINTF(3, 4);
+    // The same under another function name, for the few messages a type reports as another.
+    void error_as(const char *function, unsigned int number, const char *format, ...)
+        GX_PRINTF(4, 5);
     // Takes a collected piece out of the parse (the object now owns it).
     template <class T> T *take(int slot)
     {
