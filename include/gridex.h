@@ -354,6 +354,25 @@ GX_API double gx_unit_factor(const gx_unit *unit);
 
 /* @@gridex-section:objects@@ (geodetic and coordinate-system objects) */
 
+/* Prime meridian: longitude east of Greenwich in degrees, -180 to 180. */
+GX_DECLARE_CODED_FAMILY(gx_primem);
+GX_API gx_primem *gx_primem_new(const char *name, double longitude);
+GX_API gx_primem *gx_primem_new_errext(const char *name, double longitude, gx_err_rec *err);
+GX_API double gx_primem_longitude(const gx_primem *pm); /* 0 for an invalid object */
+
+/* Array: a name and num_values (>= 1) doubles, copied in by gx_array_new.  Arrays have no code
+   or authority.  gx_array_values_copy writes num_values doubles to dst and returns how many
+   (0 for an invalid object or a null dst); gx_array_values_set overwrites them all. */
+GX_DECLARE_OBJECT_FAMILY(gx_array);
+GX_API gx_array *gx_array_new(const char *name, int num_values, const double *values);
+GX_API gx_array *gx_array_new_errext(const char *name, int num_values, const double *values,
+                                     gx_err_rec *err);
+GX_API int gx_array_num_values(const gx_array *array);
+GX_API double *gx_array_values_pointer(const gx_array *array);
+GX_API int gx_array_values_copy(const gx_array *array, double *dst);
+GX_API void gx_array_values_set(gx_array *array, const double *values);
+GX_API void gx_array_name_set(gx_array *array, const char *name);
+
 /* @@gridex-section:math@@ (ellipsoid and complex mathematics) */
 
 /* @@gridex-section:factory@@ (definition tables, code lists and factory) */

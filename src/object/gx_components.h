@@ -6,4 +6,63 @@
 #include "object/gx_core.h"
 #include "object/gx_wkt.h"
 
+// ---- records ------------------------------------------------------------------------------------
+
+// An ellipsoid of revolution.  Only the flattening is kept; the inverse flattening of the text
+// form is derived on output (0 for a sphere).
+struct gx_spheroid {
+    gx_object_header header;
+    gx_authority *auth;
+    double axis;       // semi-major axis a, metres, > 0
+    double flattening; // f = (a - b) / a, 0 <= f <= 1; 0 is a sphere
+};
+
+struct gx_primem {
+    gx_object_header header;
+    gx_authority *auth;
+    double longitude; // degrees east of Greenwich, -180 to 180
+};
+
+struct gx_datum {
+    gx_object_header header;
+    gx_authority *auth;
+    gx_spheroid *spheroid; // owned, never null
+};
+
+struct gx_parameter {
+    gx_object_header header;
+    gx_authority *auth;
+    double value; // in the units of the system or method that holds the parameter
+};
+
+// A named run of doubles (the values of a grid-based method, for example).  Arrays carry no code.
+struct gx_array {
+    gx_object_header header;
+    int num_values;  // at least 1
+    double *values;  // owned, num_values long
+};
+
+namespace gx {
+
+extern const type_desc spheroid_desc;
+extern const type_desc primem_desc;
+extern const type_desc datum_desc;
+extern const type_desc parameter_desc;
+extern const type_desc array_desc;
+
+// The parsers, for the types whose text holds these objects (a geogcs holds a datum and a
+// prime meridian, a projcs parameters, ...).
+gx_object_header *spheroid_from_tokens(const gx_token_list *list, int start, int *next,
+                                       gx_err_rec *err);
+gx_object_header *primem_from_tokens(const gx_token_list *list, int start, int *next,
+                                     gx_err_rec *err);
+gx_object_header *datum_from_tokens(const gx_token_list *list, int start, int *next,
+                                    gx_err_rec *err);
+gx_object_header *parameter_from_tokens(const gx_token_list *list, int start, int *next,
+                                        gx_err_rec *err);
+gx_object_header *array_from_tokens(const gx_token_list *list, int start, int *next,
+                                    gx_err_rec *err);
+
+} // namespace gx
+
 #endif // GX_COMPONENTS_H

@@ -3,7 +3,9 @@
 // and is listed here once, in the table's fixed order.
 #include "object/gx_core.h"
 
+extern const gx_object_vec gx_array_vector;
 extern const gx_object_vec gx_authority_vector;
+extern const gx_object_vec gx_primem_vector;
 extern const gx_object_vec gx_unit_vector;
 
 namespace {
@@ -13,7 +15,7 @@ namespace {
 // verttran, vtmethod.
 const gx_object_vec *const vector_table[] = {
     // adjhcs
-    // array
+    &gx_array_vector,
     &gx_authority_vector,
     // datum
     // geogcs
@@ -23,7 +25,7 @@ const gx_object_vec *const vector_table[] = {
     // hvcoordsys
     // method
     // parameter
-    // primem
+    &gx_primem_vector,
     // projcs
     // projection
     // spheroid
