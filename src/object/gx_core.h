@@ -65,8 +65,12 @@ struct type_desc {
     // Writes the type's WKT body (keyword, name, values, sub-objects) without the closing
     // bracket; sub-objects are written with sub_options.
     void (*write)(const gx_object_header *obj, int sub_options, text_buf &out);
-    // The grammar of the type's WKT (null: the type has its own from_string).
+    // The grammar of the type's WKT.
     const wkt_grammar *grammar;
+    // A type whose text may take a form other than its grammar's (a compound system written as
+    // its two parts one after the other) reads it here; null: the grammar's walk from the type's
+    // keyword.
+    gx_object_header *(*from_string)(const char *text, gx_err_rec *err) = nullptr;
 };
 
 // ---- records and validity -----------------------------------------------------------------------
