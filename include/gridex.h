@@ -352,13 +352,44 @@ GX_API gx_unit *gx_unit_new(const char *name, double factor);
 GX_API gx_unit *gx_unit_new_errext(const char *name, double factor, gx_err_rec *err);
 GX_API double gx_unit_factor(const gx_unit *unit);
 
-/* @@gridex-section:objects@@ (geodetic and coordinate-system objects) */
+/* ============================================================================================
+ * Geodetic component objects: spheroid, prime meridian, datum, parameter, array
+ * ========================================================================================== */
+
+/* @@gridex-section:components@@ */
+
+/* Spheroid: semi-major axis a in metres and flattening f (0 <= f <= 1, 0 a sphere).  The WKT
+   form SPHEROID["name",a,1/f] writes 0.0 as the inverse flattening of a sphere; ELLIPSOID is
+   read as well. */
+GX_DECLARE_CODED_FAMILY(gx_spheroid);
+GX_API gx_spheroid *gx_spheroid_new(const char *name, double axis, double flattening);
+GX_API gx_spheroid *gx_spheroid_new_errext(const char *name, double axis, double flattening,
+                                           gx_err_rec *err);
+GX_API double gx_spheroid_axis(const gx_spheroid *sph);       /* 0 for an invalid object */
+GX_API double gx_spheroid_flattening(const gx_spheroid *sph); /* 0 for an invalid object */
 
 /* Prime meridian: longitude east of Greenwich in degrees, -180 to 180. */
 GX_DECLARE_CODED_FAMILY(gx_primem);
 GX_API gx_primem *gx_primem_new(const char *name, double longitude);
 GX_API gx_primem *gx_primem_new_errext(const char *name, double longitude, gx_err_rec *err);
 GX_API double gx_primem_longitude(const gx_primem *pm); /* 0 for an invalid object */
+
+/* Datum: a name and its spheroid.  On success the datum owns the spheroid passed to it; on
+   failure the caller keeps it.  gx_datum_spheroid returns the datum's own spheroid. */
+GX_DECLARE_CODED_FAMILY(gx_datum);
+GX_API gx_datum *gx_datum_new(const char *name, gx_spheroid *spheroid);
+GX_API gx_datum *gx_datum_new_errext(const char *name, gx_spheroid *spheroid, gx_err_rec *err);
+GX_API gx_spheroid *gx_datum_spheroid(const gx_datum *datum);
+
+/* Parameter of a projection or method: a name and a value.  A new parameter takes its code
+   from the parameter registry by name; gx_parameter_index is its registry slot, or -1. */
+GX_DECLARE_CODED_FAMILY(gx_parameter);
+GX_API gx_parameter *gx_parameter_new(const char *name, double value);
+GX_API gx_parameter *gx_parameter_new_errext(const char *name, double value, gx_err_rec *err);
+GX_API double gx_parameter_value(const gx_parameter *parm); /* 0 for an invalid object */
+GX_API void gx_parameter_value_set(gx_parameter *parm, double value);
+GX_API int gx_parameter_index(const gx_parameter *parm);
+GX_API void gx_parameter_name_set(gx_parameter *parm, const char *name);
 
 /* Array: a name and num_values (>= 1) doubles, copied in by gx_array_new.  Arrays have no code
    or authority.  gx_array_values_copy writes num_values doubles to dst and returns how many
@@ -373,7 +404,420 @@ GX_API int gx_array_values_copy(const gx_array *array, double *dst);
 GX_API void gx_array_values_set(gx_array *array, const double *values);
 GX_API void gx_array_name_set(gx_array *array, const char *name);
 
+/* ============================================================================================
+ * Coordinate-system objects
+ * ========================================================================================== */
+
+/* @@gridex-section:coordsys@@ */
+
+/* Every constructor takes ownership of the sub-objects passed to it when it succeeds; on
+   failure the caller keeps them.  Accessors return the object's own sub-objects, not copies. */
+
+/* Geographic CS: a datum, a prime meridian and an angular unit. */
+GX_DECLARE_CODED_FAMILY(gx_geogcs);
+GX_API gx_geogcs *gx_geogcs_new(const char *name, gx_datum *datum, gx_primem *primem,
+                                gx_unit *unit);
+GX_API gx_geogcs *gx_geogcs_new_errext(const char *name, gx_datum *datum, gx_primem *primem,
+                                       gx_unit *unit, gx_err_rec *err);
+GX_API gx_datum *gx_geogcs_datum(const gx_geogcs *cs);
+GX_API gx_primem *gx_geogcs_primem(const gx_geogcs *cs);
+GX_API gx_unit *gx_geogcs_unit(const gx_geogcs *cs);
+
+/* Projected CS: a geographic CS, a projection, 16 parameter slots (the slot of a parameter is
+   its index in the parameter registry; null = absent) and a linear unit.  The 16 pointers of
+   parameters are copied into the slots. */
+GX_DECLARE_CODED_FAMILY(gx_projcs);
+GX_API gx_projcs *gx_projcs_new(const char *name, gx_geogcs *geogcs, gx_projection *projection,
+                                gx_parameter *parameters[16], gx_unit *unit);
+GX_API gx_projcs *gx_projcs_new_errext(const char *name, gx_geogcs *geogcs,
+                                       gx_projection *projection, gx_parameter *parameters[16],
+                                       gx_unit *unit, gx_err_rec *err);
+GX_API gx_geogcs *gx_projcs_geogcs(const gx_projcs *cs);
+GX_API gx_projection *gx_projcs_projection(const gx_projcs *cs);
+GX_API gx_unit *gx_projcs_unit(const gx_projcs *cs);
+GX_API gx_parameter **gx_projcs_parameters(gx_projcs *cs); /* the 16 slots, or null */
+
+/* Geocentric CS: the datum of a geographic CS and a unit. */
+GX_DECLARE_CODED_FAMILY(gx_geoxyzcs);
+GX_API gx_geoxyzcs *gx_geoxyzcs_new(const char *name, gx_geogcs *geogcs, gx_unit *unit);
+GX_API gx_geoxyzcs *gx_geoxyzcs_new_errext(const char *name, gx_geogcs *geogcs, gx_unit *unit,
+                                           gx_err_rec *err);
+GX_API gx_geogcs *gx_geoxyzcs_geogcs(const gx_geoxyzcs *cs);
+GX_API gx_unit *gx_geoxyzcs_unit(const gx_geoxyzcs *cs);
+
+/* Vertical datum: a name only (null or empty is refused). */
+GX_DECLARE_CODED_FAMILY(gx_vdatum);
+GX_API gx_vdatum *gx_vdatum_new(const char *name);
+GX_API gx_vdatum *gx_vdatum_new_errext(const char *name, gx_err_rec *err);
+
+/* hvdatum: a datum or a vdatum.  The operations accept either and dispatch to its type's own;
+   from_string reads a VDATUM when the text's first DATUM keyword is one, else a DATUM. */
+GX_DECLARE_CODED_FAMILY(gx_hvdatum);
+
+/* Vertical CS: an hvdatum, 16 parameter slots (Vertical_Shift, Direction) and a linear unit. */
+GX_DECLARE_CODED_FAMILY(gx_vertcs);
+GX_API gx_vertcs *gx_vertcs_new(const char *name, gx_hvdatum *hvdatum,
+                                gx_parameter *parameters[16], gx_unit *unit);
+GX_API gx_vertcs *gx_vertcs_new_errext(const char *name, gx_hvdatum *hvdatum,
+                                       gx_parameter *parameters[16], gx_unit *unit,
+                                       gx_err_rec *err);
+GX_API gx_hvdatum *gx_vertcs_hvdatum(const gx_vertcs *cs);
+GX_API gx_unit *gx_vertcs_unit(const gx_vertcs *cs);
+GX_API gx_parameter **gx_vertcs_parameters(gx_vertcs *cs); /* the 16 slots, or null */
+
+/* coordsys: a geogcs or a projcs.  The operations accept either and dispatch to its type's own;
+   from_string reads a PROJCS when the text holds one, else a GEOGCS. */
+GX_DECLARE_CODED_FAMILY(gx_coordsys);
+
+/* Compound CS: a coordsys and a vertcs, either of which may be null (not both).  The name is
+   empty unless given.  from_string reads an HVCOORDSYS text, or else a coordsys (the first
+   PROJCS, or the first GEOGCS) and a VERTCS written one after the other. */
+GX_DECLARE_CODED_FAMILY(gx_hvcoordsys);
+GX_API gx_hvcoordsys *gx_hvcoordsys_new(gx_coordsys *coordsys, gx_vertcs *vertcs);
+GX_API gx_hvcoordsys *gx_hvcoordsys_new_errext(gx_coordsys *coordsys, gx_vertcs *vertcs,
+                                               gx_err_rec *err);
+GX_API gx_hvcoordsys *gx_hvcoordsys_new_extended(const char *name, gx_coordsys *coordsys,
+                                                 gx_vertcs *vertcs);
+GX_API gx_hvcoordsys *gx_hvcoordsys_new_extended_errext(const char *name, gx_coordsys *coordsys,
+                                                        gx_vertcs *vertcs, gx_err_rec *err);
+GX_API gx_coordsys *gx_hvcoordsys_coordsys(const gx_hvcoordsys *cs);
+GX_API gx_vertcs *gx_hvcoordsys_vertcs(const gx_hvcoordsys *cs);
+
+/* ============================================================================================
+ * Projection and parameter registries
+ * ========================================================================================== */
+
+/* @@gridex-section:registry@@ */
+
+/* Constants containers: arrays that a projection's or method's setup computes once per object
+   and hands to its forward and inverse routines on every call.  A container owns its arrays
+   (allocated with gx_allocate_rtn); setting an array releases the one held before.  The
+   gx_gtconstants_* names work on the same record, so either family takes the other's
+   containers. */
+typedef struct gx_constants gx_constants;
+typedef struct gx_constants gx_gtconstants;
+
+#define GX_DECLARE_CONSTANTS_FAMILY(F)                                                        \
+    GX_API gx_constants *F##_new(void);                                                        \
+    GX_API void F##_del(gx_constants *c);                                                      \
+    GX_API int F##_p(const gx_constants *c);                                                   \
+    GX_API int *F##_ivals(const gx_constants *c);                                              \
+    GX_API float *F##_fvals(const gx_constants *c);                                            \
+    GX_API double *F##_dvals(const gx_constants *c);                                           \
+    GX_API int *F##_ivals_set(gx_constants *c, int *ivals);                                    \
+    GX_API float *F##_fvals_set(gx_constants *c, float *fvals);                                \
+    GX_API double *F##_dvals_set(gx_constants *c, double *dvals)
+
+GX_DECLARE_CONSTANTS_FAMILY(gx_constants);
+GX_DECLARE_CONSTANTS_FAMILY(gx_gtconstants);
+
+/* The per-projected-CS constants record: an integer and a double array, owned. */
+typedef struct gx_pcsconstants gx_pcsconstants;
+GX_API gx_pcsconstants *gx_pcsconstants_new(void);
+GX_API void gx_pcsconstants_del(gx_pcsconstants *rec);
+GX_API int gx_pcsconstants_p(const gx_pcsconstants *rec);
+GX_API int *gx_pcsconstants_ivals(const gx_pcsconstants *rec);
+GX_API double *gx_pcsconstants_dvals(const gx_pcsconstants *rec);
+GX_API int *gx_pcsconstants_ivals_set(gx_pcsconstants *rec, int *ivals);
+GX_API double *gx_pcsconstants_dvals_set(gx_pcsconstants *rec, double *dvals);
+
+/* The routines of a projection.
+   - Forward and inverse: convert n points in place, geographic (longitude x, latitude y, in
+     radians) to projected (easting x, northing y, in metres, without the false offsets) or
+     back.  sphere is (a, e2); parms the 16 parameter slots in radians and metres; ivals and
+     dvals the arrays of the constants container (null when there is none).  They return the
+     number of points converted and set the coordinates of a point that fails to NaN.
+   - Constants setup: computes the projection's constants for one projected CS into the
+     container; returns the number of doubles stored, 0 on failure.
+   - Horizons: the polygon of the valid area, in geographic coordinates (radians) or projected
+     ones (metres), as x, y pairs.  A horizon routine writes at most max_points vertices into
+     points and returns the number of vertices of the polygon (the ring is not closed: the first
+     vertex is not repeated), 0 when it cannot tell. */
+typedef int (*gx_prj_rtn)(const double sphere[2], const double parms[16], int n, double *coords,
+                          const int *ivals, const double *dvals);
+typedef int (*gx_pcsconst_rtn)(gx_constants *constants, const double sphere[2],
+                               const double parms[16]);
+typedef int (*gx_horizon_rtn)(const double sphere[2], const double parms[16], int max_points,
+                              double *points);
+
+/* The identity pair, used where a projection has no routine of its own; each returns n. */
+GX_API int gx_prj_null_fwd(const double sphere[2], const double parms[16], int n, double *coords,
+                           const int *ivals, const double *dvals);
+GX_API int gx_prj_null_inv(const double sphere[2], const double parms[16], int n, double *coords,
+                           const int *ivals, const double *dvals);
+
+/* The geographic horizon of the normal cylindrical projections: the whole globe, 360 degrees
+   of longitude around the central meridian (slot 2).  It is also the null horizon, given to a
+   projection that has no horizon of its own. */
+GX_API int gx_horizon_normal_cylindrical(const double sphere[2], const double parms[16],
+                                         int max_points, double *points);
+#define gx_horizon_null gx_horizon_normal_cylindrical
+
+/* The projection object: a name and the routines of its registry row. */
+GX_DECLARE_CODED_FAMILY(gx_projection);
+/* A null forward or inverse routine takes every routine from the registry row of that name;
+   a null horizon becomes gx_horizon_null.  The code is set from the registry by name. */
+GX_API gx_projection *gx_projection_new(const char *name, gx_prj_rtn forward, gx_prj_rtn inverse,
+                                        gx_horizon_rtn horizon);
+GX_API gx_projection *gx_projection_new_errext(const char *name, gx_prj_rtn forward,
+                                               gx_prj_rtn inverse, gx_horizon_rtn horizon,
+                                               gx_err_rec *err);
+GX_API gx_projection *gx_projection_new_extended(const char *name, gx_prj_rtn forward,
+                                                 gx_prj_rtn inverse, gx_horizon_rtn horizon,
+                                                 gx_horizon_rtn horizon_pcs,
+                                                 gx_horizon_rtn horizon_gcs_raster,
+                                                 gx_horizon_rtn horizon_pcs_raster,
+                                                 gx_pcsconst_rtn pcsconstfunc);
+GX_API gx_projection *gx_projection_new_extended_errext(
+    const char *name, gx_prj_rtn forward, gx_prj_rtn inverse, gx_horizon_rtn horizon,
+    gx_horizon_rtn horizon_pcs, gx_horizon_rtn horizon_gcs_raster,
+    gx_horizon_rtn horizon_pcs_raster, gx_pcsconst_rtn pcsconstfunc, gx_err_rec *err);
+/* Forward and inverse give the null pair, horizon gx_horizon_null, the others null, for an
+   invalid object or an empty slot. */
+GX_API gx_prj_rtn gx_projection_forward(const gx_projection *projection);
+GX_API gx_prj_rtn gx_projection_inverse(const gx_projection *projection);
+GX_API gx_horizon_rtn gx_projection_horizon(const gx_projection *projection);
+GX_API gx_horizon_rtn gx_projection_horizon_pcs(const gx_projection *projection);
+GX_API gx_horizon_rtn gx_projection_horizon_gcs_raster(const gx_projection *projection);
+GX_API gx_horizon_rtn gx_projection_horizon_pcs_raster(const gx_projection *projection);
+GX_API gx_pcsconst_rtn gx_projection_pcsconstfunc(const gx_projection *projection);
+
+/* The projection registry: one row per projection the library knows (codes 43001 to 43147). */
+typedef struct gx_projlist_entry {
+    int code;
+    const char *authority; /* "TAVU" */
+    const char *version;   /* "9.3.0" */
+    const char *name;      /* WKT name */
+    gx_prj_rtn forward;
+    gx_prj_rtn inverse;
+    gx_horizon_rtn horizon;
+    gx_horizon_rtn horizon_pcs;
+    gx_horizon_rtn horizon_gcs_raster; /* or null */
+    gx_horizon_rtn horizon_pcs_raster; /* or null */
+    gx_pcsconst_rtn pcsconstfunc;      /* or null: everything is computed per call */
+} gx_projlist_entry;
+
+GX_API const gx_projlist_entry *gx_projlist_from_code(int code);
+/* By name without case, after mapping old names (Lambert_Conformal_Conic_2SP ...). */
+GX_API const gx_projlist_entry *gx_projlist_from_name(const char *name);
+/* A projection object from a row: status GX_STATUS_CODE from a code, GX_STATUS_STRING from a
+   name; err may be null. */
+GX_API gx_projection *gx_projlist_projection_from_code(int code, gx_err_rec *err);
+GX_API gx_projection *gx_projlist_projection_from_name(const char *name, gx_err_rec *err);
+/* Sets code, authority and version from the row of the projection's own name (no old names);
+   leaves the object alone when there is none. */
+GX_API void gx_projlist_set_code(gx_projection *projection);
+
+/* The parameter registry: one row per named parameter (codes 100001 and up).  The index is the
+   slot the parameter takes in the 16-slot array of a projected CS, vertical CS or
+   transformation; the usage mask holds the type bits of the objects that take it:
+   GX_TYPE_PROJCS, GX_TYPE_VERTCS, GX_TYPE_GEOGTRAN (datum-shift methods) and GX_TYPE_VERTTRAN
+   (height methods). */
+typedef struct gx_parmlist_entry {
+    int code;
+    const char *authority; /* "TAVU" */
+    const char *version;   /* "9.3.0" */
+    const char *name;      /* WKT name */
+    double default_value;
+    int index;
+    unsigned int usage;
+} gx_parmlist_entry;
+
+GX_API const gx_parmlist_entry *gx_parmlist_from_code(int code);
+/* By name without case; a name that only begins with "Dataset_" is the dataset parameter. */
+GX_API const gx_parmlist_entry *gx_parmlist_from_name(const char *name);
+GX_API int gx_parmlist_index_from_code(int code);        /* -1 when unknown */
+GX_API int gx_parmlist_index_from_name(const char *name); /* -1 when unknown */
+/* A parameter object from a row: the row's name and default value with status GX_STATUS_CODE;
+   the given value with status GX_STATUS_STRING; by name (kept as given) with the default value
+   and status GX_STATUS_STRING.  err may be null. */
+GX_API gx_parameter *gx_parmlist_parameter_from_code(int code, gx_err_rec *err);
+GX_API gx_parameter *gx_parmlist_parameter_from_code_value(int code, double value,
+                                                           gx_err_rec *err);
+GX_API gx_parameter *gx_parmlist_parameter_from_name(const char *name, gx_err_rec *err);
+GX_API void gx_parmlist_set_code(gx_parameter *parameter);
+
+/* Default parameter sets: clear the 16 slots, make the parameters the projection or method
+   takes (registry defaults) in their slots and return how many were made (0 for an unknown
+   projection or method). */
+GX_API int gx_parameter_projection_defaults(const gx_projection *projection,
+                                            gx_parameter *parms[16]);
+GX_API int gx_parameter_method_defaults(const gx_method *method, gx_parameter *parms[16]);
+GX_API int gx_parameter_vtmethod_defaults(const gx_vtmethod *vtmethod, gx_parameter *parms[16]);
+
+/* @@gridex-section:projections@@ */
+
+/* ============================================================================================
+ * Projection routines.  Every projection <stem> of the registry has three routines, of the
+ * gx_prj_rtn and gx_pcsconst_rtn forms:
+ *   gx_<stem>_fwd    n (longitude, latitude) pairs in radians -> (easting, northing) in metres
+ *   gx_<stem>_inv    and back; both in place, without false easting and northing, returning the
+ *                    number of points converted (a point that fails becomes NaN, uncounted)
+ *   gx_<stem>_const  the projection's constants for one projected CS into the container;
+ *                    returns the number of doubles stored, 0 when there are none
+ * sphere is {a, e2} (e2 <= 2^-48 is a sphere); parms the 16 parameter slots.  Forward and
+ * inverse take ivals and dvals from the container, or null to compute everything per call.
+ * ========================================================================================== */
+
+#define GX_DECLARE_PROJECTION_ROUTINES(stem)                                                  \
+    GX_API int gx_##stem##_fwd(const double sphere[2], const double parms[16], int n,           \
+                               double *coords, const int *ivals, const double *dvals);          \
+    GX_API int gx_##stem##_inv(const double sphere[2], const double parms[16], int n,           \
+                               double *coords, const int *ivals, const double *dvals);          \
+    GX_API int gx_##stem##_const(gx_constants *constants, const double sphere[2],                \
+                                 const double parms[16])
+
+/* Conics: central meridian (slot 2), standard parallels (3, 4), latitude of origin (6) and,
+   for Lambert, the scale factor (5).  Symmetric parallels give the cylindrical limit (Mercator,
+   cylindrical equal area, equidistant cylindrical); a Lambert cone with both parallels at one
+   pole is the polar stereographic projection, with only one at a pole it is undefined (0). */
+GX_DECLARE_PROJECTION_ROUTINES(lambert_conformal_conic);
+GX_DECLARE_PROJECTION_ROUTINES(albers);
+GX_DECLARE_PROJECTION_ROUTINES(equidistant_conic);
+
+/* Cylindrical: central meridian (slot 2) and standard parallel of true scale (slot 3). */
+GX_DECLARE_PROJECTION_ROUTINES(mercator);
+GX_DECLARE_PROJECTION_ROUTINES(cylindrical_eqarea);
+
+/* Azimuthal: center longitude and latitude (slots 10, 11) for the orthographic and gnomonic
+   projections, which are spherical with radius a on any datum and fail points on the far side;
+   central meridian, latitude of origin and scale factor (slots 2, 6, 5) for the stereographic
+   projection, conformal on the ellipsoid. */
+GX_DECLARE_PROJECTION_ROUTINES(orthographic);
+GX_DECLARE_PROJECTION_ROUTINES(gnomonic);
+GX_DECLARE_PROJECTION_ROUTINES(stereographic);
+
+/* Auxiliary-sphere forms: the spherical projection on the sphere chosen by slot 12 (0 radius a,
+   1 radius b, 2 authalic radius, 3 authalic radius and authalic latitude; others as 0). */
+GX_DECLARE_PROJECTION_ROUTINES(mercator_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(orthographic_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(gnomonic_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(stereographic_auxs);
+
 /* @@gridex-section:math@@ (ellipsoid and complex mathematics) */
+
+/* ============================================================================================
+ * Ellipsoid and complex mathematics (Part 3.3).  An ellipsoid is (a, e2): semi-major axis in
+ * metres and squared first eccentricity; e2 < 2^-48 is a sphere.  Angles are in radians.
+ * ========================================================================================== */
+
+/* Radii, meridian arc and small functions. */
+GX_API double gx_w(double e2, double phi);            /* sqrt(1 - e2 sin^2 phi) */
+GX_API double gx_m(double a, double e2, double phi);  /* meridional radius of curvature */
+GX_API double gx_n(double a, double e2, double phi);  /* prime-vertical radius of curvature */
+GX_API double gx_auth_r(double a, double e2);         /* authalic radius */
+GX_API double gx_rect_r(double a, double e2);         /* rectifying radius a E(e2) / (pi/2) */
+GX_API double gx_q(double a, double e2, double phi);  /* meridian arc from the equator to phi */
+GX_API double gx_q90(double a, double e2, double phi); /* quarter meridian (phi is not used) */
+GX_API double gx_delta(double x);                     /* x reduced to [-pi, pi] */
+GX_API double gx_delta_center(double x, double c);    /* c + gx_delta(x - c) */
+GX_API int gx_eq(double x, double y);  /* |x - y| <= ((|x| + |y|)/2 + 1) * 2^-48 */
+
+/* Geodetic (phi, lambda, h) <-> geocentric cartesian (X, Y, Z). */
+GX_API void gx_curv_to_cart(double a, double e2, double phi, double lam, double h, double *x,
+                            double *y, double *z);
+GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, double *phi,
+                            double *lam, double *h);
+
+/* Auxiliary latitudes.  A constants block is filled once by the _constants function and read by
+   the _wconst conversions.  flags: 0 computes every slot; GX_AUXLAT_FORWARD and/or
+   GX_AUXLAT_INVERSE compute only that series half (below the series threshold) or only the
+   closed-form slots (at or above it); slots not computed are left untouched. */
+#define GX_AUXLAT_FORWARD 1
+#define GX_AUXLAT_INVERSE 2
+#define GX_CHI_BLOCK_LEN  16 /* conformal */
+#define GX_BETA_BLOCK_LEN 18 /* authalic */
+#define GX_MU_BLOCK_LEN   17 /* rectifying */
+#define GX_SERIES_E2_THRESHOLD 0.006884661117170036
+
+GX_API void gx_chi_conformal_constants(double e2, double *block, int flags);
+GX_API void gx_beta_authalic_constants(double e2, double *block, int flags);
+GX_API void gx_mu_rectifying_constants(double e2, double *block, int flags);
+GX_API double gx_phi_to_chi_wconst(double e2, double phi, const double *block);
+GX_API double gx_chi_to_phi_wconst(double e2, double chi, const double *block);
+GX_API double gx_phi_to_beta_wconst(double e2, double phi, const double *block);
+GX_API double gx_beta_to_phi_wconst(double e2, double beta, const double *block);
+GX_API double gx_phi_to_mu_wconst(double e2, double phi, const double *block);
+GX_API double gx_mu_to_phi_wconst(double e2, double mu, const double *block);
+GX_API double gx_phi_to_chi(double e2, double phi);
+GX_API double gx_chi_to_phi(double e2, double chi);
+GX_API double gx_phi_to_beta(double e2, double phi);
+GX_API double gx_beta_to_phi(double e2, double beta);
+GX_API double gx_phi_to_mu(double e2, double phi);
+GX_API double gx_mu_to_phi(double e2, double mu);
+/* Isometric latitude eta = asinh(tan phi) - e atanh(e sin phi) (ln of the conic's 1/t) and
+   its inverse; geocentric latitude phig = atan((1 - e2) tan phi) and its inverse. */
+GX_API double gx_phi_to_eta(double e2, double phi);
+GX_API double gx_eta_to_phi(double e2, double eta);
+GX_API double gx_phi_to_phig(double e2, double phi);
+GX_API double gx_phig_to_phi(double e2, double phig);
+
+/* Brent's root finder: a root of f(x, context) on [0, pi/2]; f must change sign there. */
+GX_API double gx_zeroin(void *context, double (*f)(double x, void *context));
+
+/* Elliptic integrals and Jacobi elliptic functions of parameter m (= k^2). */
+GX_API double gx_ellint_rf(double x, double y, double z); /* Carlson R_F */
+GX_API double gx_ellint_rd(double x, double y, double z); /* Carlson R_D */
+GX_API double gx_ellint1(double m);                 /* K(m) */
+GX_API double gx_ellint2(double m);                 /* E(m) */
+GX_API double gx_iellint2amp(double phi, double m); /* E(phi | m) */
+GX_API double gx_iellint2(double u, double m);      /* E(am(u | m) | m) */
+GX_API double gx_sn(double u, double m);
+GX_API double gx_cn(double u, double m);
+GX_API double gx_dn(double u, double m);
+GX_API void gx_sncndn(double u, double m, double *sn, double *cn, double *dn);
+
+/* Complex arithmetic, split form: real and imaginary parts in, results through pointers.
+   Branch cuts are those of C99 / std::complex (signed zeros choose the side). */
+GX_API double gx_zabs(double ar, double ai);
+GX_API double gx_zarg(double ar, double ai);
+GX_API void gx_zmul(double ar, double ai, double br, double bi, double *cr, double *ci);
+GX_API void gx_zdiv(double ar, double ai, double br, double bi, double *cr, double *ci);
+GX_API void gx_zinv(double ar, double ai, double *cr, double *ci);
+GX_API void gx_zexp(double ar, double ai, double *cr, double *ci);
+GX_API void gx_zlog(double ar, double ai, double *cr, double *ci);
+GX_API void gx_zsqrt(double ar, double ai, double *cr, double *ci);
+GX_API void gx_zasin(double ar, double ai, double *cr, double *ci);
+GX_API void gx_zatan(double ar, double ai, double *cr, double *ci);
+GX_API void gx_ztanh(double ar, double ai, double *cr, double *ci);
+GX_API void gx_zatanh(double ar, double ai, double *cr, double *ci);
+/* Complex argument u + iv, real parameter 0 <= m <= 1. */
+GX_API void gx_zsn(double ur, double ui, double m, double *cr, double *ci);
+GX_API void gx_zcn(double ur, double ui, double m, double *cr, double *ci);
+GX_API void gx_zdn(double ur, double ui, double m, double *cr, double *ci);
+GX_API void gx_ziellint2(double ur, double ui, double m, double *cr, double *ci);
+
+/* Complex arithmetic, record form. */
+typedef struct gx_dcomp {
+    double re;
+    double im;
+} gx_dcomp;
+
+GX_API double gx_dcomp_abs(gx_dcomp z);
+GX_API double gx_dcomp_arg(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_add(gx_dcomp a, gx_dcomp b);
+GX_API gx_dcomp gx_dcomp_sub(gx_dcomp a, gx_dcomp b);
+GX_API gx_dcomp gx_dcomp_mult(gx_dcomp a, gx_dcomp b);
+GX_API gx_dcomp gx_dcomp_div(gx_dcomp a, gx_dcomp b);
+GX_API gx_dcomp gx_dcomp_conjg(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_exp(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_inv(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_log(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_sqrt(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_sin(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_asin(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_cos(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_tan(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_atan(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_cosh(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_sinh(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_tanh(gx_dcomp z);
+GX_API gx_dcomp gx_dcomp_atanh(gx_dcomp z);
+/* Complex argument z, real parameter 0 <= m <= 1. */
+GX_API gx_dcomp gx_dcomp_sn(gx_dcomp z, double m);
+GX_API gx_dcomp gx_dcomp_cn(gx_dcomp z, double m);
+GX_API gx_dcomp gx_dcomp_dn(gx_dcomp z, double m);
+GX_API gx_dcomp gx_dcomp_iellint2(gx_dcomp z, double m);
 
 /* @@gridex-section:factory@@ (definition tables, code lists and factory) */
 

@@ -5,8 +5,18 @@
 
 extern const gx_object_vec gx_array_vector;
 extern const gx_object_vec gx_authority_vector;
+extern const gx_object_vec gx_datum_vector;
+extern const gx_object_vec gx_geogcs_vector;
+extern const gx_object_vec gx_geoxyzcs_vector;
+extern const gx_object_vec gx_hvcoordsys_vector;
+extern const gx_object_vec gx_parameter_vector;
 extern const gx_object_vec gx_primem_vector;
+extern const gx_object_vec gx_projcs_vector;
+extern const gx_object_vec gx_projection_vector;
+extern const gx_object_vec gx_spheroid_vector;
 extern const gx_object_vec gx_unit_vector;
+extern const gx_object_vec gx_vdatum_vector;
+extern const gx_object_vec gx_vertcs_vector;
 
 namespace {
 
@@ -17,21 +27,21 @@ const gx_object_vec *const vector_table[] = {
     // adjhcs
     &gx_array_vector,
     &gx_authority_vector,
-    // datum
-    // geogcs
+    &gx_datum_vector,
+    &gx_geogcs_vector,
     // geogtran
-    // geoxyzcs
+    &gx_geoxyzcs_vector,
     // htmethod
-    // hvcoordsys
+    &gx_hvcoordsys_vector,
     // method
-    // parameter
+    &gx_parameter_vector,
     &gx_primem_vector,
-    // projcs
-    // projection
-    // spheroid
+    &gx_projcs_vector,
+    &gx_projection_vector,
+    &gx_spheroid_vector,
     &gx_unit_vector,
-    // vdatum
-    // vertcs
+    &gx_vdatum_vector,
+    &gx_vertcs_vector,
     // verttran
     // vtmethod
 };
