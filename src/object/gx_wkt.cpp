@@ -223,6 +223,8 @@ gx_object_header *wkt_from_string(const wkt_grammar &grammar, const char *text, 
 
 void *object_from_string(const type_desc &desc, const char *text, gx_err_rec *err)
 {
+    if (desc.from_string != nullptr)
+        return desc.from_string(text, err);
     return wkt_from_string(*desc.grammar, text, err);
 }
 
