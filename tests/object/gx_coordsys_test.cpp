@@ -1,0 +1,293 @@
+// The coordinate-system types as objects: constructor checks (and that a failed constructor
+// leaves the caller its sub-objects), accessors, comparison rules, deep clones and the coordsys
+// and hvdatum operations that dispatch on the object's type.
+#include "gridex.h"
+#include "gx_coordsys_samples.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+using samples::make_geogcs;
+using samples::make_projcs;
+using samples::make_vertcs;
+
+namespace {
+
+// Valid parts to hand to constructors; whatever no constructor took is deleted at the end.
+struct parts {
+    gx_geogcs *geogcs = make_geogcs();
+    gx_datum *datum = gx_datum_new("D", gx_spheroid_new("S", 6378137.0, 0.0));
+    gx_primem *primem = gx_primem_new("Greenwich", 0.0);
+    gx_unit *unit = gx_unit_new("Meter", 1.0);
+    gx_projection *projection = gx_projection_new("Mercator", nullptr, nullptr, nullptr);
+    gx_vdatum *vdatum = gx_vdatum_new("NAVD_1988");
+    gx_vertcs *vertcs = make_vertcs(gx_vdatum_new("NAVD_1988"));
+    gx_parameter *parameters[16] = {gx_parameter_new("False_Easting", 1.0)};
+    ~parts()
+    {
+        for (void *obj : {(void *)geogcs, (void *)datum, (void *)primem, (void *)unit,
+                          (void *)projection, (void *)vdatum, (void *)vertcs,
+                          (void *)parameters[0]})
+            gx_object_del(obj);
+    }
+};
+
+} // namespace
+
+TEST(Coordsys, ConstructorsCheckTheirArguments)
+{
+    using make = std::function<void *(parts &, gx_err_rec *)>;
+    const struct {
+        make call;
+        unsigned int number;
+        const char *function;
+        const char *message;
+    } cases[] = {
+        {[](parts &p, gx_err_rec *e) {
+             return gx_geogcs_new_errext("g", nullptr, p.primem, p.unit, e);
+         },
+         334, "gx_geogcs_new", "Null or invalid datum object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_geogcs_new_errext("g", (gx_datum *)p.primem, p.primem, p.unit, e);
+         },
+         334, "gx_geogcs_new", "Null or invalid datum object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_geogcs_new_errext("g", p.datum, nullptr, p.unit, e);
+         },
+         329, "gx_geogcs_new", "Null or invalid primem object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_geogcs_new_errext("g", p.datum, p.primem, nullptr, e);
+         },
+         322, "gx_geogcs_new", "Null or invalid angular unit object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_projcs_new_errext("p", nullptr, p.projection, p.parameters, p.unit, e);
+         },
+         331, "gx_projcs_new", "Null or invalid geographic CS object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_projcs_new_errext("p", p.geogcs, nullptr, p.parameters, p.unit, e);
+         },
+         328, "gx_projcs_new", "Null or invalid projection object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_projcs_new_errext("p", p.geogcs, p.projection, p.parameters, nullptr, e);
+         },
+         323, "gx_projcs_new", "Null or invalid linear unit object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_projcs_new_errext("p", p.geogcs, p.projection, nullptr, p.unit, e);
+         },
+         330, "gx_projcs_new", "Null parameters array argument"},
+        {[](parts &p, gx_err_rec *e) { return gx_geoxyzcs_new_errext("x", nullptr, p.unit, e); },
+         331, "gx_geoxyzcs_new", "Null or invalid geogcs object argument"},
+        {[](parts &p, gx_err_rec *e) { return gx_geoxyzcs_new_errext("x", p.geogcs, nullptr, e); },
+         322, "gx_geoxyzcs_new", "Null or invalid angular unit object argument"},
+        {[](parts &, gx_err_rec *e) { return gx_vdatum_new_errext("", e); }, 321, "gx_vdatum_new",
+         "Null or invalid vdatum name argument"},
+        {[](parts &, gx_err_rec *e) { return gx_vdatum_new_errext(nullptr, e); }, 321,
+         "gx_vdatum_new", "Null or invalid vdatum name argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_vertcs_new_errext("v", p.geogcs, p.parameters, p.unit, e);
+         },
+         337, "gx_vertcs_new", "Null or invalid hvdatum object argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_vertcs_new_errext("v", p.vdatum, nullptr, p.unit, e);
+         },
+         330, "gx_vertcs_new", "Null parameters array argument"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_vertcs_new_errext("v", p.datum, p.parameters, nullptr, e);
+         },
+         323, "gx_vertcs_new", "Null or invalid linear unit object argument"},
+        {[](parts &, gx_err_rec *e) { return gx_hvcoordsys_new_errext(nullptr, nullptr, e); }, 339,
+         "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
+        {[](parts &p, gx_err_rec *e) { return gx_hvcoordsys_new_errext(p.vertcs, nullptr, e); },
+         339, "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
+        {[](parts &p, gx_err_rec *e) {
+             return gx_hvcoordsys_new_extended_errext("h", p.geogcs, (gx_vertcs *)p.geogcs, e);
+         },
+         339, "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
+    };
+    for (const auto &c : cases) {
+        parts p; // deleted by the caller, so a constructor that took a part would double-free
+        gx_err_rec err;
+        EXPECT_EQ(c.call(p, &err), nullptr) << c.message;
+        EXPECT_EQ(err.level, unsigned(GX_ERRLVL_ERROR));
+        EXPECT_EQ(err.category, unsigned(GX_ERRCAT_ARGUMENT));
+        EXPECT_EQ(err.number, c.number);
+        EXPECT_STREQ(err.function, c.function);
+        EXPECT_STREQ(err.message, c.message);
+    }
+}
+
+TEST(Coordsys, ConstructorsTakeTheirPartsAndAccessorsReturnThem)
+{
+    parts p;
+    gx_geogcs *geo = gx_geogcs_new("g", p.datum, p.primem, p.unit);
+    ASSERT_NE(geo, nullptr);
+    EXPECT_EQ(gx_geogcs_datum(geo), p.datum);
+    EXPECT_EQ(gx_geogcs_primem(geo), p.primem);
+    EXPECT_EQ(gx_geogcs_unit(geo), p.unit);
+    EXPECT_EQ(gx_geogcs_status(geo), unsigned(GX_STATUS_NEW));
+    EXPECT_EQ(gx_geogcs_code(geo), -1);
+    p.datum = nullptr, p.primem = nullptr, p.unit = nullptr;
+
+    gx_projcs *proj =
+        gx_projcs_new("p", geo, p.projection, p.parameters, gx_unit_new("Foot", 0.3048));
+    ASSERT_NE(proj, nullptr);
+    EXPECT_EQ(gx_projcs_geogcs(proj), geo);
+    EXPECT_EQ(gx_projcs_projection(proj), p.projection);
+    EXPECT_EQ(gx_projcs_parameters(proj)[0], p.parameters[0]);
+    EXPECT_EQ(gx_projcs_parameters(proj)[1], nullptr);
+    EXPECT_EQ(gx_unit_factor(gx_projcs_unit(proj)), 0.3048);
+    p.projection = nullptr, p.parameters[0] = nullptr;
+
+    gx_vertcs *vert = p.vertcs;
+    p.vertcs = nullptr;
+    gx_hvcoordsys *hv = gx_hvcoordsys_new(proj, vert);
+    ASSERT_NE(hv, nullptr);
+    EXPECT_EQ(gx_hvcoordsys_coordsys(hv), proj);
+    EXPECT_EQ(gx_hvcoordsys_vertcs(hv), vert);
+    char name[GX_NAME_LEN];
+    EXPECT_STREQ(gx_hvcoordsys_name(hv, name), "");
+    EXPECT_EQ(gx_object_type(gx_vertcs_hvdatum(vert)), unsigned(GX_TYPE_VDATUM));
+    EXPECT_EQ(gx_unit_factor(gx_vertcs_unit(vert)), 1.0);
+    EXPECT_NE(gx_vertcs_parameters(vert)[1], nullptr);
+    gx_hvcoordsys_del(hv);
+
+    gx_geoxyzcs *xyz = gx_geoxyzcs_new("x", p.geogcs, p.unit = gx_unit_new("Meter", 1.0));
+    ASSERT_NE(xyz, nullptr);
+    EXPECT_EQ(gx_geoxyzcs_geogcs(xyz), p.geogcs);
+    EXPECT_EQ(gx_geoxyzcs_unit(xyz), p.unit);
+    p.geogcs = nullptr, p.unit = nullptr;
+    gx_geoxyzcs_del(xyz);
+
+    // Accessors of an invalid object are neutral.
+    EXPECT_EQ(gx_geogcs_datum(nullptr), nullptr);
+    EXPECT_EQ(gx_projcs_parameters((gx_projcs *)p.vdatum), nullptr);
+    EXPECT_EQ(gx_hvcoordsys_vertcs(nullptr), nullptr);
+    EXPECT_EQ(gx_vertcs_hvdatum(nullptr), nullptr);
+}
+
+TEST(Coordsys, ComparisonRules)
+{
+    // Projected systems compare parameter by parameter, a parameter present on one side only
+    // making them differ; names compare loosely; the scale factor's two spellings are equal.
+    gx_projcs *a = make_projcs({{"False_Easting", 500000.0}, {"Scale_Factor", 0.999601272}});
+    gx_projcs *b = make_projcs({{"False_Easting", 500000.0}, {"Scale_Factor", 0.9996012717}});
+    gx_projcs *c = make_projcs({{"False_Easting", 500000.0}, {"Scale_Factor", 0.999601272},
+                                {"False_Northing", 0.0}});
+    EXPECT_EQ(gx_projcs_eq(a, b), 1);
+    EXPECT_EQ(gx_projcs_eq(a, c), 0);
+    EXPECT_EQ(gx_projcs_eq(c, a), 0);
+    gx_projcs_code_set(b, 32633, "EPSG", "6.13"); // codes and statuses are not compared
+    gx_projcs_status_set(b, GX_STATUS_USER);
+    EXPECT_EQ(gx_projcs_eq(a, b), 1);
+    gx_geogcs *geo = make_geogcs("gcs wgs-1984");
+    gx_geogcs *other_unit =
+        gx_geogcs_new("GCS_WGS_1984", gx_datum_clone(gx_geogcs_datum(geo)),
+                      gx_primem_new("Greenwich", 0.0), gx_unit_new("Grad", 0.015707963267948967));
+    EXPECT_EQ(gx_geogcs_eq(gx_projcs_geogcs(a), geo), 1);
+    EXPECT_EQ(gx_geogcs_eq(geo, other_unit), 0);
+    EXPECT_EQ(gx_projcs_eq(a, nullptr), 0);
+    EXPECT_EQ(gx_geogcs_eq(geo, (gx_geogcs *)a), 0);
+
+    // Compound systems compare their parts only: the same type on both sides, absent on both.
+    gx_hvcoordsys *geo_only = gx_hvcoordsys_new_extended("one", geo, nullptr);
+    gx_hvcoordsys *geo_only2 = gx_hvcoordsys_new_extended("two", gx_geogcs_clone(geo), nullptr);
+    gx_hvcoordsys *proj_only = gx_hvcoordsys_new(a, nullptr);
+    gx_hvcoordsys *both = gx_hvcoordsys_new(gx_geogcs_clone(geo), make_vertcs(gx_vdatum_new("v")));
+    EXPECT_EQ(gx_hvcoordsys_eq(geo_only, geo_only2), 1);
+    EXPECT_EQ(gx_hvcoordsys_eq(geo_only, proj_only), 0);
+    EXPECT_EQ(gx_hvcoordsys_eq(geo_only, both), 0);
+    EXPECT_EQ(gx_hvcoordsys_eq(both, geo_only), 0);
+
+    // A vertical system on a horizontal datum differs from one on a vertical datum.
+    gx_vertcs *on_vdatum = make_vertcs(gx_vdatum_new("D_WGS_1984"));
+    gx_vertcs *on_datum = make_vertcs(gx_datum_clone(gx_geogcs_datum(geo)));
+    EXPECT_EQ(gx_vertcs_eq(on_vdatum, on_datum), 0);
+    EXPECT_EQ(gx_vertcs_eq(on_datum, on_datum), 1);
+
+    for (void *obj : {(void *)b, (void *)c, (void *)other_unit, (void *)geo_only, (void *)geo_only2,
+                      (void *)proj_only, (void *)both, (void *)on_vdatum, (void *)on_datum})
+        gx_object_del(obj);
+}
+
+TEST(Coordsys, ClonesAreDeep)
+{
+    gx_projcs *cs = make_projcs({{"False_Easting", 500000.0}, {"Central_Meridian", 15.0}});
+    gx_projcs_code_set(cs, 32633, "EPSG", "6.13");
+    gx_authority *auth = gx_projcs_authority(cs);
+    gx_projcs_status_set(cs, GX_STATUS_CODE);
+    gx_projcs *copy = gx_projcs_clone(cs);
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(gx_projcs_eq(cs, copy), 1);
+    EXPECT_EQ(gx_projcs_code(copy), 32633);
+    EXPECT_EQ(gx_projcs_status(copy), unsigned(GX_STATUS_CODE));
+    EXPECT_NE(gx_projcs_authority(copy), auth);
+    EXPECT_NE(gx_projcs_geogcs(copy), gx_projcs_geogcs(cs));
+    EXPECT_NE(gx_projcs_parameters(copy)[2], gx_projcs_parameters(cs)[2]);
+    EXPECT_EQ(gx_parameter_value(gx_projcs_parameters(copy)[2]), 15.0);
+    gx_projcs_del(cs);
+    char text[GX_TEXT_LEN];
+    EXPECT_NE(std::string(gx_projcs_to_string(copy, text)).find("500000.0"), std::string::npos);
+
+    gx_hvcoordsys *hv = gx_hvcoordsys_new_extended("h", copy, make_vertcs(gx_vdatum_new("v")));
+    gx_hvcoordsys *hv_copy = gx_hvcoordsys_clone(hv);
+    EXPECT_EQ(gx_hvcoordsys_eq(hv, hv_copy), 1);
+    EXPECT_NE(gx_hvcoordsys_vertcs(hv_copy), gx_hvcoordsys_vertcs(hv));
+    gx_hvcoordsys_del(hv);
+    gx_hvcoordsys_del(hv_copy);
+    EXPECT_EQ(gx_vertcs_clone(nullptr), nullptr);
+}
+
+TEST(Coordsys, CoordsysAndHvdatumDispatchOnTheObjectsType)
+{
+    gx_geogcs *geo = make_geogcs();
+    gx_projcs *proj = make_projcs({{"False_Easting", 500000.0}});
+    gx_vertcs *vert = make_vertcs(gx_vdatum_new("v"));
+    char a[GX_TEXT_LEN], b[GX_TEXT_LEN];
+    for (gx_coordsys *cs : {(void *)geo, (void *)proj}) {
+        EXPECT_EQ(gx_coordsys_p(cs), 1);
+        EXPECT_STREQ(gx_coordsys_to_string_ext(cs, 2, a), gx_object_to_string_ext(cs, 2, b));
+        EXPECT_EQ(gx_coordsys_type(cs), gx_object_type(cs));
+        gx_coordsys *copy = gx_coordsys_clone(cs);
+        EXPECT_EQ(gx_coordsys_eq(cs, copy), 1);
+        gx_coordsys *parsed = gx_coordsys_from_string(a);
+        EXPECT_EQ(gx_coordsys_type(parsed), gx_coordsys_type(cs)) << a;
+        EXPECT_EQ(gx_coordsys_eq(copy, parsed), 1);
+        gx_coordsys_code_set(copy, 1234, "CUSTOM", nullptr);
+        EXPECT_EQ(gx_coordsys_code(copy), 1234);
+        EXPECT_EQ(gx_authority_authcode(gx_coordsys_authority(copy)), 1234);
+        gx_coordsys_del(copy);
+        gx_coordsys_del(parsed);
+    }
+    EXPECT_EQ(gx_coordsys_eq(geo, proj), 0);
+    // Anything else is refused with neutral results.
+    EXPECT_EQ(gx_coordsys_p(vert), 0);
+    EXPECT_STREQ(gx_coordsys_to_string(vert, a), "");
+    EXPECT_EQ(gx_coordsys_clone(vert), nullptr);
+    EXPECT_EQ(gx_coordsys_code(vert), -1);
+    EXPECT_STREQ(gx_coordsys_name(vert, a), "");
+    gx_coordsys_del(vert); // not deleted: not a coordsys
+
+    gx_hvdatum *vd = gx_vertcs_hvdatum(vert);
+    gx_hvdatum *d = gx_geogcs_datum(geo);
+    EXPECT_EQ(gx_hvdatum_p(vd), 1);
+    EXPECT_EQ(gx_hvdatum_p(d), 1);
+    EXPECT_EQ(gx_hvdatum_p(geo), 0);
+    for (gx_hvdatum *datum : {vd, d}) {
+        gx_hvdatum *parsed = gx_hvdatum_from_string(gx_hvdatum_to_string(datum, a));
+        EXPECT_EQ(gx_hvdatum_type(parsed), gx_hvdatum_type(datum)) << a;
+        EXPECT_EQ(gx_hvdatum_eq(parsed, datum), 1) << a;
+        gx_hvdatum_del(parsed);
+    }
+    gx_err_rec err;
+    EXPECT_EQ(gx_hvdatum_from_string_errext(nullptr, &err), nullptr);
+    EXPECT_EQ(err.number, 456u);
+    EXPECT_STREQ(err.function, "gx_hvdatum_from_string");
+    EXPECT_EQ(gx_coordsys_from_string_errext(nullptr, &err), nullptr);
+    EXPECT_STREQ(err.function, "gx_coordsys_from_string");
+
+    gx_geogcs_del(geo);
+    gx_projcs_del(proj);
+    gx_vertcs_del(vert);
+}
