@@ -1,0 +1,259 @@
+// Complex arithmetic (gx_z and gx_dcomp families) and the complex elliptic functions (Part 3.3).
+#include "gridex.h"
+#include "projection/gx_math.h"
+#include "gx_math_test_util.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <vector>
+
+using namespace gxtest;
+using cplx = std::complex<double>;
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+
+// A grid of the complex plane with the branch cuts and their signed-zero sides included.
+const std::vector<cplx> &grid() {
+    static const std::vector<cplx> pts = [] {
+        std::vector<double> axis = {0.0, -0.0, 1e-9, -1e-9, 0.5, -0.5, 1.0, -1.0, 1.5, -1.5, 1e6, -1e6};
+        for (int i = -12; i <= 12; ++i) axis.push_back(i * 0.25 + 0.0625);
+        std::vector<cplx> v;
+        for (double re : axis)
+            for (double im : axis) v.emplace_back(re, im);
+        return v;
+    }();
+    return pts;
+}
+
+bool same(double a, double b) { return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b)); }
+bool same(cplx a, cplx b) { return same(a.real(), b.real()) && same(a.imag(), b.imag()); }
+bool same(gx_dcomp a, cplx b) { return same(cplx(a.re, a.im), b); }
+gx_dcomp dc(cplx z) { return gx_dcomp{z.real(), z.imag()}; }
+cplx cx(gx_dcomp z) { return {z.re, z.im}; }
+
+using ZFun = void (*)(double, double, double *, double *);
+cplx call(ZFun f, cplx z) {
+    double r, i;
+    f(z.real(), z.imag(), &r, &i);
+    return {r, i};
+}
+
+TEST(Complex, ArithmeticMatchesStdComplex) {
+    for (cplx a : grid()) {
+        for (cplx b : {cplx(2.0, -3.0), cplx(-0.5, 0.25), cplx(1e-3, 7.0), a}) {
+            double r, i;
+            gx_zmul(a.real(), a.imag(), b.real(), b.imag(), &r, &i);
+            EXPECT_TRUE(same(cplx(r, i), a * b)) << a << b;
+            gx_zdiv(a.real(), a.imag(), b.real(), b.imag(), &r, &i);
+            EXPECT_TRUE(same(cplx(r, i), a / b)) << a << b;
+            EXPECT_TRUE(same(gx_dcomp_mult(dc(a), dc(b)), a * b)) << a << b;
+            EXPECT_TRUE(same(gx_dcomp_div(dc(a), dc(b)), a / b)) << a << b;
+            EXPECT_TRUE(same(gx_dcomp_add(dc(a), dc(b)), a + b)) << a << b;
+            EXPECT_TRUE(same(gx_dcomp_sub(dc(a), dc(b)), a - b)) << a << b;
+        }
+        EXPECT_EQ(gx_zabs(a.real(), a.imag()), std::abs(a));
+        EXPECT_EQ(gx_zarg(a.real(), a.imag()), std::arg(a));
+        EXPECT_EQ(gx_dcomp_abs(dc(a)), std::abs(a));
+        EXPECT_EQ(gx_dcomp_arg(dc(a)), std::arg(a));
+        EXPECT_TRUE(same(gx_dcomp_conjg(dc(a)), std::conj(a)));
+        EXPECT_TRUE(same(call(gx_zinv, a), 1.0 / a)) << a;
+        EXPECT_TRUE(same(gx_dcomp_inv(dc(a)), 1.0 / a)) << a;
+    }
+}
+
+TEST(Complex, ElementaryFunctionsMatchStdComplexEverywhere) {
+    // Same values as std::complex bit for bit, branch cuts and signed zeros included, in both
+    // families.
+    struct Pair {
+        const char *name;
+        ZFun z;
+        gx_dcomp (*d)(gx_dcomp);
+        cplx (*ref)(const cplx &);
+    };
+    const Pair pairs[] = {
+        {"exp", gx_zexp, gx_dcomp_exp, [](const cplx &z) { return std::exp(z); }},
+        {"log", gx_zlog, gx_dcomp_log, [](const cplx &z) { return std::log(z); }},
+        {"sqrt", gx_zsqrt, gx_dcomp_sqrt, [](const cplx &z) { return std::sqrt(z); }},
+        {"asin", gx_zasin, gx_dcomp_asin, [](const cplx &z) { return std::asin(z); }},
+        {"atan", gx_zatan, gx_dcomp_atan, [](const cplx &z) { return std::atan(z); }},
+        {"tanh", gx_ztanh, gx_dcomp_tanh, [](const cplx &z) { return std::tanh(z); }},
+        {"atanh", gx_zatanh, gx_dcomp_atanh, [](const cplx &z) { return std::atanh(z); }},
+    };
+    for (const Pair &p : pairs) {
+        for (cplx z : grid()) {
+            const cplx want = p.ref(z);
+            EXPECT_TRUE(same(call(p.z, z), want)) << p.name << z;
+            EXPECT_TRUE(same(p.d(dc(z)), want)) << p.name << z;
+        }
+    }
+    for (cplx z : grid()) {
+        EXPECT_TRUE(same(gx_dcomp_sin(dc(z)), std::sin(z))) << z;
+        EXPECT_TRUE(same(gx_dcomp_cos(dc(z)), std::cos(z))) << z;
+        EXPECT_TRUE(same(gx_dcomp_tan(dc(z)), std::tan(z))) << z;
+        EXPECT_TRUE(same(gx_dcomp_sinh(dc(z)), std::sinh(z))) << z;
+        EXPECT_TRUE(same(gx_dcomp_cosh(dc(z)), std::cosh(z))) << z;
+    }
+}
+
+TEST(Complex, InverseIdentitiesOverTheGrid) {
+    Worst w("complex f(f^-1(z)) = z over the grid (relative to max(1,|z|))");
+    for (cplx z : grid()) {
+        if (std::abs(z) > 1e3) continue; // sin, tan, tanh of huge imaginary parts overflow
+        const double scale = std::fmax(1.0, std::abs(z));
+        const std::string at = fmt("z = (%g, %g)", z.real(), z.imag());
+        const auto check = [&](const char *name, cplx back) {
+            const double err = std::abs(back - z) / scale;
+            w.add(err, std::string(name) + " " + at);
+            EXPECT_LE(err, 1e-13) << name << " " << at;
+        };
+        check("exp(log z)", cx(gx_dcomp_exp(gx_dcomp_log(dc(z)))));
+        check("sqrt(z)^2", cx(gx_dcomp_mult(gx_dcomp_sqrt(dc(z)), gx_dcomp_sqrt(dc(z)))));
+        check("sin(asin z)", cx(gx_dcomp_sin(gx_dcomp_asin(dc(z)))));
+        check("tanh(atanh z)", call(gx_ztanh, call(gx_zatanh, z)));
+        if (std::abs(z - cplx(0, 1)) > 1e-3 && std::abs(z + cplx(0, 1)) > 1e-3) // atan's poles
+            check("tan(atan z)", cx(gx_dcomp_tan(gx_dcomp_atan(dc(z)))));
+        check("1/(1/z)", z == 0.0 ? z : cx(gx_dcomp_inv(gx_dcomp_inv(dc(z)))));
+        const cplx s = cx(gx_dcomp_sin(dc(z))), c = cx(gx_dcomp_cos(dc(z)));
+        EXPECT_LE(std::abs(s * s + c * c - 1.0), 1e-13 * std::norm(s)+ 1e-15) << at;
+        EXPECT_LE(std::abs(cx(gx_dcomp_tan(dc(z))) - s / c), 1e-14 * std::abs(s / c) + 1e-15) << at;
+        EXPECT_LE(std::abs(cx(gx_dcomp_tanh(dc(z))) - cx(gx_dcomp_sinh(dc(z))) / cx(gx_dcomp_cosh(dc(z)))),
+                  1e-14 * std::abs(cx(gx_dcomp_tanh(dc(z)))) + 1e-15) << at;
+    }
+}
+
+TEST(Complex, BranchCutsAndPrincipalValues) {
+    // On a cut the sign of the zero part picks the side: the value equals the limit from that
+    // side.  Principal ranges: Re asin, Re atan in [-pi/2, pi/2]; Im atanh in [-pi/2, pi/2];
+    // Im log in [-pi, pi]; Re sqrt >= 0.
+    const double tiny = 1e-300;
+    for (double x : {1.0000001, 1.5, 2.0, 10.0, 1e6}) {
+        for (double sx : {1.0, -1.0}) {
+            const double r = sx * x;
+            for (double side : {1.0, -1.0}) {
+                const cplx on(r, side * 0.0), near(r, side * tiny);
+                EXPECT_NEAR(std::abs(call(gx_zasin, on) - call(gx_zasin, near)), 0.0, 1e-12) << r << side;
+                EXPECT_NEAR(std::abs(call(gx_zatanh, on) - call(gx_zatanh, near)), 0.0, 1e-12) << r << side;
+                const cplx on_i(side * 0.0, r), near_i(side * tiny, r);
+                EXPECT_NEAR(std::abs(call(gx_zatan, on_i) - call(gx_zatan, near_i)), 0.0, 1e-12) << r << side;
+                // the two sides of a cut are conjugate / mirror images
+                EXPECT_TRUE(same(call(gx_zasin, std::conj(on)), std::conj(call(gx_zasin, on))));
+            }
+            const cplx up = call(gx_zasin, cplx(r, 0.0)), down = call(gx_zasin, cplx(r, -0.0));
+            EXPECT_NE(up.imag(), down.imag()) << r; // the cut really separates the sides
+            EXPECT_NEAR(std::sin(up).real(), r, 1e-12 * x);
+        }
+        for (double side : {1.0, -1.0}) {
+            const cplx on(-x, side * 0.0);
+            EXPECT_NEAR(call(gx_zlog, on).imag(), side * kPi, 1e-15);
+            EXPECT_NEAR(call(gx_zsqrt, on).imag(), side * std::sqrt(x), 1e-9 * x);
+        }
+    }
+    for (cplx z : grid()) {
+        EXPECT_LE(std::fabs(call(gx_zasin, z).real()), kPi / 2 + 1e-15) << z;
+        EXPECT_LE(std::fabs(call(gx_zatan, z).real()), kPi / 2 + 1e-15) << z;
+        EXPECT_LE(std::fabs(call(gx_zatanh, z).imag()), kPi / 2 + 1e-15) << z;
+        EXPECT_LE(std::fabs(call(gx_zlog, z).imag()), kPi + 1e-15) << z;
+        EXPECT_GE(call(gx_zsqrt, z).real(), 0.0) << z;
+    }
+}
+
+// ---- complex elliptic functions ---------------------------------------------------------------
+
+cplx zsn(cplx w, double m) { double r, i; gx_zsn(w.real(), w.imag(), m, &r, &i); return {r, i}; }
+cplx zcn(cplx w, double m) { double r, i; gx_zcn(w.real(), w.imag(), m, &r, &i); return {r, i}; }
+cplx zdn(cplx w, double m) { double r, i; gx_zdn(w.real(), w.imag(), m, &r, &i); return {r, i}; }
+cplx zeps(cplx w, double m) { double r, i; gx_ziellint2(w.real(), w.imag(), m, &r, &i); return {r, i}; }
+
+// Points of the strip |Im w| < K'(m) * 0.8, Re w in [-2.5K, 2.5K] (away from the poles at
+// 2jK + i(2k+1)K').
+std::vector<cplx> elliptic_grid(double m) {
+    const double K = gx_ellint1(m), Kp = m > 0 ? gx_ellint1(1 - m) : 10.0;
+    std::vector<cplx> v;
+    for (int i = -10; i <= 10; ++i)
+        for (int j = -8; j <= 8; ++j) v.emplace_back(i * 0.25 * K + 0.01, j * 0.1 * std::fmin(Kp, 4.0));
+    return v;
+}
+
+TEST(ComplexElliptic, ReducesToRealAndCircularCases) {
+    for (double m : {0.0, kWgs84E2, 0.5, 0.99}) {
+        for (int i = -30; i <= 30; ++i) {
+            const double u = i * 0.2;
+            const cplx w(u, 0.0);
+            EXPECT_NEAR(std::abs(zsn(w, m) - gx_sn(u, m)), 0.0, 1e-15);
+            EXPECT_NEAR(std::abs(zcn(w, m) - gx_cn(u, m)), 0.0, 1e-15);
+            EXPECT_NEAR(std::abs(zdn(w, m) - gx_dn(u, m)), 0.0, 1e-15);
+            EXPECT_NEAR(std::abs(zeps(w, m) - gx_iellint2(u, m)), 0.0, 1e-14);
+            // Jacobi's imaginary transformation: sn(iv | m) = i sc(v | 1 - m)
+            const double v = i * 0.05;
+            const cplx iv(0.0, v);
+            EXPECT_NEAR(std::abs(zsn(iv, m) - cplx(0, gx_sn(v, 1 - m) / gx_cn(v, 1 - m))), 0.0, 1e-14);
+        }
+    }
+    for (cplx w : elliptic_grid(0.5)) { // m = 0: circular functions; m = 1: hyperbolic
+        EXPECT_LE(std::abs(zsn(w, 0.0) - std::sin(w)), 1e-14 * std::abs(std::sin(w)) + 1e-15) << w;
+        EXPECT_LE(std::abs(zcn(w, 0.0) - std::cos(w)), 1e-14 * std::abs(std::cos(w)) + 1e-15) << w;
+        EXPECT_LE(std::abs(zeps(w, 0.0) - w), 1e-14) << w;
+        if (std::fabs(w.imag()) < 1.4) {
+            EXPECT_LE(std::abs(zsn(w, 1.0) - std::tanh(w)), 1e-14 * std::abs(std::tanh(w)) + 1e-15) << w;
+            EXPECT_LE(std::abs(zdn(w, 1.0) - 1.0 / std::cosh(w)), 1e-14 * std::abs(1.0 / std::cosh(w)) + 1e-15) << w;
+            EXPECT_LE(std::abs(zeps(w, 1.0) - std::tanh(w)), 1e-14 * std::abs(std::tanh(w)) + 1e-15) << w;
+        }
+    }
+}
+
+TEST(ComplexElliptic, IdentitiesAndDerivatives) {
+    // sn^2 + cn^2 = 1, dn^2 + m sn^2 = 1; d sn/dw = cn dn and dE/dw = dn^2, checked by central
+    // differences along the real and the imaginary direction (which also checks analyticity).
+    Worst wid("complex sn^2+cn^2-1, dn^2+m sn^2-1");
+    Worst wd("complex d sn/dw - cn dn, dE/dw - dn^2 (central differences)");
+    for (double m : {kWgs84E2, 0.0069, 0.3, 0.5, 0.9}) {
+        for (cplx w : elliptic_grid(m)) {
+            const cplx s = zsn(w, m), c = zcn(w, m), d = zdn(w, m);
+            const double scale = std::fmax(1.0, std::norm(s));
+            const std::string at = fmt("m = %g, w = (%g, %g)", m, w.real(), w.imag());
+            EXPECT_LE(wid.add(std::abs(s * s + c * c - 1.0) / scale, at), 1e-13) << at;
+            EXPECT_LE(wid.add(std::abs(d * d + m * s * s - 1.0) / scale, at), 1e-13) << at;
+            // the dcomp family agrees
+            EXPECT_TRUE(same(gx_dcomp_sn(dc(w), m), s));
+            EXPECT_TRUE(same(gx_dcomp_cn(dc(w), m), c));
+            EXPECT_TRUE(same(gx_dcomp_dn(dc(w), m), d));
+            EXPECT_TRUE(same(gx_dcomp_iellint2(dc(w), m), zeps(w, m)));
+            for (cplx h : {cplx(1e-5, 0), cplx(0, 1e-5)}) {
+                const cplx dsn = (zsn(w + h, m) - zsn(w - h, m)) / (2.0 * h);
+                const cplx deps = (zeps(w + h, m) - zeps(w - h, m)) / (2.0 * h);
+                const double sc = std::fmax(1.0, std::abs(c * d));
+                EXPECT_LE(wd.add(std::abs(dsn - c * d) / sc, at), 1e-7) << at;
+                EXPECT_LE(wd.add(std::abs(deps - d * d) / std::fmax(1.0, std::norm(d)), at), 1e-7) << at;
+            }
+        }
+    }
+}
+
+TEST(ComplexElliptic, EpsilonIsTheIntegralOfDnSquared) {
+    // E(w) = integral_0^w dn(t)^2 dt along the straight segment from 0, by composite 5-point
+    // Gauss-Legendre quadrature on 200 panels (its own error is far below the bound even where
+    // the segment ends 0.37 from a pole of dn).
+    Worst w_int("complex E(w) vs quadrature of dn^2");
+    const double gx[5] = {-0.9061798459386640, -0.5384693101056831, 0.0, 0.5384693101056831, 0.9061798459386640};
+    const double gw[5] = {0.2369268850561891, 0.4786286704993665, 0.5688888888888889, 0.4786286704993665, 0.2369268850561891};
+    for (double m : {kWgs84E2, 0.0069, 0.5}) {
+        for (cplx w : elliptic_grid(m)) {
+            const int n = 200;
+            cplx sum = 0;
+            for (int k = 0; k < n; ++k)
+                for (int j = 0; j < 5; ++j) {
+                    const cplx d = zdn(w * ((k + 0.5 + 0.5 * gx[j]) / n), m);
+                    sum += gw[j] * d * d;
+                }
+            const cplx integral = sum * w / (2.0 * n);
+            const std::string at = fmt("m = %g, w = (%g, %g)", m, w.real(), w.imag());
+            EXPECT_LE(w_int.add(std::abs(zeps(w, m) - integral) / std::fmax(1.0, std::abs(integral)), at), 1e-12) << at;
+        }
+    }
+}
+
+} // namespace
