@@ -210,6 +210,9 @@ TEST(AuxiliarySphere, MercatorOnTheAuthalicSphereAgreesWithProj) {
         const Oracle merc_beta(args);
         std::vector<double> xy = geo;
         EXPECT_EQ(type3.fwd(xy), int(geo.size() / 2));
+        std::vector<double> plain = geo;
+        type3.fwd(plain, false);
+        EXPECT_TRUE(bitwise_equal(xy, plain)) << e.name << " type 3 without constants";
         std::vector<double> back = xy;
         type3.inv(back);
         for (size_t i = 0; i < geo.size(); i += 2) {

@@ -79,6 +79,10 @@ TEST(Conic, LambertOneParallelUsesSinPhi1AndPolesStayFinite) {
     for (double v : xy) EXPECT_TRUE(std::isfinite(v));
     EXPECT_LT(std::hypot(xy[0], xy[1] - s.dvals()[2]), 1e-3); // the apex
     EXPECT_GT(std::fabs(xy[3]), 1e8);                         // the opposite pole
+    // a radius of 0 is the pole of the cone's sign
+    std::vector<double> apex = {0.0, s.dvals()[2]};
+    EXPECT_EQ(s.inv(apex), 1);
+    EXPECT_EQ(apex[1], 90 * kDeg);
 }
 
 TEST(Conic, LambertSymmetricParallelsIsScaledShiftedMercator) {
@@ -94,6 +98,9 @@ TEST(Conic, LambertSymmetricParallelsIsScaledShiftedMercator) {
         const std::vector<double> geo = grid(-160, 190, -80, 80, 9);
         std::vector<double> got = geo, want = geo, origin = {15 * kDeg, 10 * kDeg};
         EXPECT_EQ(lcc.fwd(got), 81);
+        std::vector<double> plain = geo;
+        lcc.fwd(plain, false);
+        EXPECT_TRUE(bitwise_equal(got, plain)) << e.name << " without constants";
         merc.fwd(want);
         merc.fwd(origin);
         for (size_t i = 0; i < want.size(); i += 2) {
@@ -120,6 +127,9 @@ TEST(Conic, LambertBothParallelsAtAPoleIsPolarStereographic) {
                 const std::vector<double> geo = grid(-180, 180, pole * 0.1, pole, 9);
                 std::vector<double> got = geo, want = geo, origin = {-45 * kDeg, lat0 * kDeg};
                 EXPECT_EQ(lcc.fwd(got), 81);
+                std::vector<double> plain = geo;
+                lcc.fwd(plain, false);
+                EXPECT_TRUE(bitwise_equal(got, plain)) << e.name << " without constants";
                 stere.fwd(want);
                 stere.fwd(origin);
                 if (lat0 != pole) // northings count from the cone's own origin
