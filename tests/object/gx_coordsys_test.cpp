@@ -3,6 +3,7 @@
 // and hvdatum operations that dispatch on the object's type.
 #include "gridex.h"
 #include "gx_coordsys_samples.h"
+#include "object/gx_coordsys.h"
 
 #include <gtest/gtest.h>
 
@@ -217,8 +218,10 @@ TEST(Coordsys, ClonesAreDeep)
     gx_projcs_code_set(cs, 32633, "EPSG", "6.13");
     gx_authority *auth = gx_projcs_authority(cs);
     gx_projcs_status_set(cs, GX_STATUS_CODE);
+    cs->constants = gx_constants_new(); // as the conversion driver caches them: owned, not copied
     gx_projcs *copy = gx_projcs_clone(cs);
     ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(copy->constants, nullptr);
     EXPECT_EQ(gx_projcs_eq(cs, copy), 1);
     EXPECT_EQ(gx_projcs_code(copy), 32633);
     EXPECT_EQ(gx_projcs_status(copy), unsigned(GX_STATUS_CODE));
