@@ -138,12 +138,14 @@ class Limit {
             for (int i = 0; i <= kStandardParallel1; ++i) parms_[i] = parms[i];
             forward_ = gx_mercator_fwd;
             inverse_ = gx_mercator_inv;
+            constants_ = gx_mercator_const;
             scale_ = parms[kScaleFactor];
         } else {
             for (int i = 0; i < kSlotCount; ++i) parms_[i] = parms[i];
             parms_[kLatitudeOfOrigin] = parms[kStandardParallel1];
             forward_ = gx_stereographic_fwd;
             inverse_ = gx_stereographic_inv;
+            constants_ = gx_stereographic_const;
         }
         const double phi0 = parms[kLatitudeOfOrigin];
         if (!eq(phi0, parms_[kLatitudeOfOrigin])) {
@@ -172,10 +174,7 @@ class Limit {
         return inverse_(sphere_, parms_, n, coords, ivals_, dvals_);
     }
 
-    int constants(gx_constants *constants) const {
-        return forward_ == gx_mercator_fwd ? gx_mercator_const(constants, sphere_, parms_)
-                                           : gx_stereographic_const(constants, sphere_, parms_);
-    }
+    int constants(gx_constants *container) const { return constants_(container, sphere_, parms_); }
 
   private:
     /* The cone's origin has no image (the pole opposite a polar stereographic projection):
@@ -190,6 +189,7 @@ class Limit {
     const double *dvals_;
     double parms_[kSlotCount];
     gx_prj_rtn forward_ = nullptr, inverse_ = nullptr;
+    gx_pcsconst_rtn constants_ = nullptr;
     double scale_ = 1.0; /* k0 of the Mercator limit; stereographic carries its own */
     double origin_northing_ = 0.0;
     bool origin_ok_ = true;
