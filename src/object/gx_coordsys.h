@@ -1,7 +1,7 @@
 // gx_coordsys.h -- internal: records and parsers of the coordinate-system types (geogcs,
-// projection, projcs, geoxyzcs, vdatum, vertcs, hvcoordsys, adjhcs), the coordsys and hvdatum
-// unions, and the mechanisms these types share: argument checks of sub-objects, copies of
-// sub-objects that are all made or none, and the 16 parameter slots.
+// projcs, geoxyzcs, vdatum, vertcs, hvcoordsys), the coordsys and hvdatum unions, and the
+// mechanisms these types share: argument checks of sub-objects, copies of sub-objects that are
+// all made or none, and the 16 parameter slots.
 #ifndef GX_COORDSYS_H
 #define GX_COORDSYS_H
 
@@ -65,15 +65,6 @@ struct gx_hvcoordsys {
     gx_vertcs *vertcs;     // owned, or null
 };
 
-// A horizontal system adjusted by a horizontal transformation method and its values.
-struct gx_adjhcs {
-    gx_object_header header;
-    gx_htmethod *htmethod; // owned
-    gx_array *array;       // owned
-    gx_coordsys *coordsys; // owned
-    gx_unit *unit;         // owned
-};
-
 namespace gx {
 
 extern const type_desc geogcs_desc;
@@ -82,7 +73,6 @@ extern const type_desc geoxyzcs_desc;
 extern const type_desc vdatum_desc;
 extern const type_desc vertcs_desc;
 extern const type_desc hvcoordsys_desc;
-extern const type_desc adjhcs_desc;
 
 // The parsers, for the types whose text holds these objects.
 gx_object_header *geogcs_from_tokens(const gx_token_list *list, int start, int *next,
