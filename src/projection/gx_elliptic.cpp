@@ -45,14 +45,8 @@ double agm_amplitude(double u, double m, double mc) {
 }
 
 /* E(phi | m) from s = sin phi, c^2 = cos^2 phi, d2 = 1 - m s^2, for |phi| <= pi/2. */
-double ellint2_scd(double s, double c2, double d2, double m) {
-    return s * rf(c2, d2, 1.0) - m / 3.0 * s * s * s * rd(c2, d2, 1.0);
-}
-
-double ellint2_complete(double m, double mc) {
-    if (mc == 0.0) return 1.0;
-    return rf(0.0, mc, 1.0) - m / 3.0 * rd(0.0, mc, 1.0);
-}
+double ellint2_scd(double s, double c2, double d2, double m);
+double ellint2_complete(double m, double mc);
 
 } // namespace
 
@@ -106,8 +100,57 @@ template <typename T> T rd_t(T x, T y, T z) {
     return T(3) * sum + fac * series / (A * std::sqrt(A));
 }
 
+/* R_F(x, y, z) and R_D(x, y, z) together: the two share their duplication sequence (the same
+   x_m, y_m, z_m and lambda_m), so it is run once, until the deviations of both means are below
+   the bound, and each closing series is applied to its own mean.  Half the square roots of two
+   separate calls; E(phi | m) and E(m) need both. */
+template <typename T> void rfrd_t(T x, T y, T z, T *rfv, T *rdv) {
+    if ((x == 0) + (y == 0) + (z == 0) >= 2 || z == 0) {
+        *rfv = rf_t(x, y, z);
+        *rdv = rd_t(x, y, z);
+        return;
+    }
+    T sum = 0, fac = 1;
+    for (int step = 0; step < kCarlsonMaxSteps; ++step) {
+        const T Af = (x + y + z) / T(3), Ad = (x + y + T(3) * z) / T(5);
+        const T dev = std::fmax(std::fmax(std::fabs((Af - x) / Af), std::fabs((Af - y) / Af)),
+                                std::fmax(std::fmax(std::fabs((Af - z) / Af), std::fabs((Ad - x) / Ad)),
+                                          std::fmax(std::fabs((Ad - y) / Ad), std::fabs((Ad - z) / Ad))));
+        if (!(dev >= kCarlsonDev)) break;
+        const T sx = std::sqrt(x), sy = std::sqrt(y), sz = std::sqrt(z);
+        const T lam = sx * (sy + sz) + sy * sz;
+        sum += fac / (sz * (z + lam));
+        fac *= T(0.25);
+        x = (x + lam) * T(0.25);
+        y = (y + lam) * T(0.25);
+        z = (z + lam) * T(0.25);
+    }
+    /* Both means are now within the bound, so each routine closes at once.  R_F is invariant
+       under duplication; R_D(x0, y0, z0) = 3 sum_m 4^-m / (sqrt(z_m)(z_m + lambda_m)) +
+       4^-M R_D(x_M, y_M, z_M). */
+    *rfv = rf_t(x, y, z);
+    *rdv = T(3) * sum + fac * rd_t(x, y, z);
+}
+
 double rf(double x, double y, double z) { return rf_t<double>(x, y, z); }
 double rd(double x, double y, double z) { return rd_t<double>(x, y, z); }
+
+namespace {
+
+double ellint2_scd(double s, double c2, double d2, double m) {
+    double f, d;
+    rfrd_t(c2, d2, 1.0, &f, &d);
+    return s * f - m / 3.0 * s * s * s * d;
+}
+
+double ellint2_complete(double m, double mc) {
+    if (mc == 0.0) return 1.0;
+    double f, d;
+    rfrd_t(0.0, mc, 1.0, &f, &d);
+    return f - m / 3.0 * d;
+}
+
+} // namespace
 
 long double ellint2_amp_ld(long double phi, long double m) {
     const long double pi = 3.141592653589793238462643383279502884L;
@@ -116,14 +159,18 @@ long double ellint2_amp_ld(long double phi, long double m) {
     const long double s = std::sin(r), c = std::cos(r);
     if (m == 1) return 2 * j + s;
     const long double c2 = c * c, d2 = c2 + (1 - m) * s * s;
-    long double v = s * rf_t(c2, d2, 1.0L) - m / 3 * s * s * s * rd_t(c2, d2, 1.0L);
+    long double f, d;
+    rfrd_t(c2, d2, 1.0L, &f, &d);
+    long double v = s * f - m / 3 * s * s * s * d;
     if (j != 0) v += 2 * j * ellint2_ld(m);
     return v;
 }
 
 long double ellint2_ld(long double m) {
     if (m == 1) return 1;
-    return rf_t(0.0L, 1 - m, 1.0L) - m / 3 * rd_t(0.0L, 1 - m, 1.0L);
+    long double f, d;
+    rfrd_t(0.0L, 1 - m, 1.0L, &f, &d);
+    return f - m / 3 * d;
 }
 
 void sncndn(double u, double m, double mc, double *sn, double *cn, double *dn, double *am) {
