@@ -645,6 +645,35 @@ GX_API int gx_parameter_projection_defaults(const gx_projection *projection,
 GX_API int gx_parameter_method_defaults(const gx_method *method, gx_parameter *parms[16]);
 GX_API int gx_parameter_vtmethod_defaults(const gx_vtmethod *vtmethod, gx_parameter *parms[16]);
 
+/* ============================================================================================
+ * Converting coordinates of a projected CS
+ *
+ * n points as 2n doubles (x then y), converted in place.  Geographic coordinates are longitude
+ * and latitude in the angular unit of the CS's geographic system, counted from its own prime
+ * meridian; projected ones easting and northing in the CS's linear unit, false offsets
+ * included.  The result is the number of points converted; a point that fails has both
+ * coordinates set to NaN.  When no point converts, the input is given back unchanged (a
+ * latitude beyond a pole stays clamped to the pole).  The projection's constants are computed
+ * on first use and cached in the CS; conversions then allocate nothing.
+ * ========================================================================================== */
+
+GX_API int gx_geog_to_proj(gx_projcs *projcs, int n, double *coords);
+GX_API int gx_proj_to_geog(gx_projcs *projcs, int n, double *coords);
+/* Longitudes come back within 180 degrees of center (in the angular unit); 0 leaves them as
+   the projection gives them. */
+GX_API int gx_proj_to_geog_center(gx_projcs *projcs, int n, double *coords, double center);
+/* direction 1: geographic to projected; 0: projected to geographic; others convert nothing. */
+GX_API int gx_proj_geog(gx_projcs *projcs, int n, double *coords, int direction);
+
+GX_API int gx_projcs_load_constants(gx_projcs *projcs);
+GX_API void gx_projcs_unload_constants(gx_projcs *projcs);
+GX_API int gx_projcs_isconstloaded(const gx_projcs *projcs);
+GX_API gx_constants *gx_projcs_constants(const gx_projcs *projcs);
+/* A copy of the CS with its linear and/or angular unit replaced (null keeps a unit) and the
+   parameters converted to match. */
+GX_API gx_projcs *gx_projcs_clone_alterunits(const gx_projcs *projcs, const gx_unit *linear_unit,
+                                             const gx_unit *angular_unit);
+
 /* @@gridex-section:projections@@ */
 
 /* ============================================================================================
@@ -666,6 +695,13 @@ GX_API int gx_parameter_vtmethod_defaults(const gx_vtmethod *vtmethod, gx_parame
                                double *coords, const int *ivals, const double *dvals);          \
     GX_API int gx_##stem##_const(gx_constants *constants, const double sphere[2],                \
                                  const double parms[16])
+
+/* Transverse Mercator: central meridian (slot 2), latitude of origin (6), scale factor (5).
+   Gauss_Kruger and Transverse_Mercator share the eighth-order series (a millimetre within
+   3-4 degrees of the central meridian); Transverse_Mercator_Complex is exact at any distance
+   the projection can carry, by complex elliptic functions. */
+GX_DECLARE_PROJECTION_ROUTINES(gauss_kruger);
+GX_DECLARE_PROJECTION_ROUTINES(tm_complex);
 
 /* Conics: central meridian (slot 2), standard parallels (3, 4), latitude of origin (6) and,
    for Lambert, the scale factor (5).  Symmetric parallels give the cylindrical limit (Mercator,
@@ -693,6 +729,106 @@ GX_DECLARE_PROJECTION_ROUTINES(mercator_auxs);
 GX_DECLARE_PROJECTION_ROUTINES(orthographic_auxs);
 GX_DECLARE_PROJECTION_ROUTINES(gnomonic_auxs);
 GX_DECLARE_PROJECTION_ROUTINES(stereographic_auxs);
+
+/* @@gridex-section:geogtran@@ */
+
+/* ============================================================================================
+ * Datum-shift, plane-fit and height method routines.
+ *
+ * A datum-shift method routine (gx_mth_rtn) converts n (longitude, latitude) pairs in radians
+ * about Greenwich, in place, from the first geographic system of a transformation to the second
+ * (forward) or back (inverse).  ellipsoid1 and ellipsoid2 are {a, e2} of the first and of the
+ * second system in both directions.  parms holds the 16 parameter slots in metres, radians and
+ * plain ratios: 0-2 translations, 3-5 rotations, 6 scale difference, 7-9 rotation origin.
+ * heights, when not null, holds n ellipsoidal heights in metres that are converted too; when
+ * null every height is 0 and the new ones are discarded.  dataset and the three constant arrays
+ * serve the grid methods; the formula methods ignore them.  The result is the number of points
+ * converted.  A constants routine (gx_mth_const_rtn) fills a container for a dataset and
+ * returns non-zero on success.
+ *
+ * A plane-fit routine (gx_htm_rtn) converts n (x, y) pairs in place with the coefficients in
+ * parms; object is not read.
+ *
+ * A height method routine (gx_vtm_rtn) converts n heights in metres in place.  ellipsoid is
+ * {a, e2} of the geographic system in which points (n (longitude, latitude) pairs, may be null
+ * for methods that do not need them) are given, unit_factor its radians per angular unit and
+ * prime_meridian its prime meridian in degrees; direction_product is -1 when exactly one of the
+ * two vertical systems counts heights downwards, else +1.
+ * ========================================================================================== */
+
+typedef int (*gx_mth_rtn)(const double ellipsoid1[2], const double ellipsoid2[2],
+                          const double parms[16], const char *dataset, int n, double *points,
+                          double *heights, const int *ivals, const float *fvals,
+                          const double *dvals);
+typedef int (*gx_mth_const_rtn)(gx_constants *constants, const char *dataset);
+typedef int (*gx_htm_rtn)(const void *object, const double *parms, int n, double *points);
+typedef int (*gx_vtm_rtn)(const double ellipsoid[2], double unit_factor, double prime_meridian,
+                          double direction_product, const double parms[16], const char *dataset,
+                          const int *ivals, const float *fvals, const double *dvals, int n,
+                          const double *points, double *heights);
+typedef int (*gx_vtm_const_rtn)(gx_constants *constants, const char *dataset);
+
+/* Identity routines: return n and leave everything as it is. */
+GX_API int gx_mth_null_fwd(const double ellipsoid1[2], const double ellipsoid2[2],
+                           const double parms[16], const char *dataset, int n, double *points,
+                           double *heights, const int *ivals, const float *fvals,
+                           const double *dvals);
+GX_API int gx_htm_null_inv(const void *object, const double *parms, int n, double *points);
+
+#define GX_DECLARE_MTH_ROUTINE(name)                                                          \
+    GX_API int name(const double ellipsoid1[2], const double ellipsoid2[2],                    \
+                    const double parms[16], const char *dataset, int n, double *points,        \
+                    double *heights, const int *ivals, const float *fvals, const double *dvals)
+
+/* Formula-based datum shifts; all return n.  Seven-parameter rotations are exact (not
+   linearised) and so are their inverses.  The Molodensky inverses apply the forward formula once
+   from the second ellipsoid with the translations negated. */
+GX_DECLARE_MTH_ROUTINE(gx_geocentric_translation_fwd);
+GX_DECLARE_MTH_ROUTINE(gx_geocentric_translation_inv);
+GX_DECLARE_MTH_ROUTINE(gx_coordinate_frame_fwd);
+GX_DECLARE_MTH_ROUTINE(gx_coordinate_frame_inv);
+GX_DECLARE_MTH_ROUTINE(gx_bursa_wolf_fwd); /* the coordinate-frame routines */
+GX_DECLARE_MTH_ROUTINE(gx_bursa_wolf_inv);
+GX_DECLARE_MTH_ROUTINE(gx_position_vector_fwd);
+GX_DECLARE_MTH_ROUTINE(gx_position_vector_inv);
+GX_DECLARE_MTH_ROUTINE(gx_molodensky_badekas_fwd);
+GX_DECLARE_MTH_ROUTINE(gx_molodensky_badekas_inv);
+GX_DECLARE_MTH_ROUTINE(gx_molodensky_fwd);
+GX_DECLARE_MTH_ROUTINE(gx_molodensky_inv);
+GX_DECLARE_MTH_ROUTINE(gx_molodensky_abridged_fwd);
+GX_DECLARE_MTH_ROUTINE(gx_molodensky_abridged_inv);
+/* Longitude rotation by parms[5] radians (counter-clockwise seen from the north); both
+   directions, the sign of parms[5] chooses the way. */
+GX_DECLARE_MTH_ROUTINE(gx_longitude_rotation_ccw);
+
+/* Plane fits.  Affine, parms A-F: x' = A x + B y + C, y' = D x + E y + F.  Projective, parms
+   A-H: the same numerators divided by G x + H y + 1.  The inverses return 0 and leave the points
+   when the fit is singular. */
+GX_API int gx_affine_parametric_fwd(const void *object, const double *parms, int n,
+                                    double *points);
+GX_API int gx_affine_parametric_inv(const void *object, const double *parms, int n,
+                                    double *points);
+GX_API int gx_projective_parametric_fwd(const void *object, const double *parms, int n,
+                                        double *points);
+GX_API int gx_projective_parametric_inv(const void *object, const double *parms, int n,
+                                        double *points);
+
+#define GX_DECLARE_VTM_ROUTINE(name)                                                          \
+    GX_API int name(const double ellipsoid[2], double unit_factor, double prime_meridian,      \
+                    double direction_product, const double parms[16], const char *dataset,     \
+                    const int *ivals, const float *fvals, const double *dvals, int n,          \
+                    const double *points, double *heights)
+
+/* Vertical offset: h' = d h + parms[0]; points may be null. */
+GX_DECLARE_VTM_ROUTINE(gx_vtm_vertical_offset_fwd);
+GX_DECLARE_VTM_ROUTINE(gx_vtm_vertical_offset_inv);
+/* Vertical offset and slope: the offset parms[0] plus a plane inclined by parms[13] (towards
+   the north) and parms[14] (towards the east), both in radians, about the origin (parms[2],
+   parms[6]) in radians. */
+GX_DECLARE_VTM_ROUTINE(gx_vtm_vertical_offset_slope_fwd);
+GX_DECLARE_VTM_ROUTINE(gx_vtm_vertical_offset_slope_inv);
+
+/* @@gridex-section:transformations@@ */
 
 /* @@gridex-section:math@@ (ellipsoid and complex mathematics) */
 
