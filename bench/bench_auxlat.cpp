@@ -1,4 +1,4 @@
-// Latitude conversions of Part 3.3 with precomputed constant blocks: ns per call.  "series" is
+// Latitude conversions with precomputed constant blocks: ns per call.  "series" is
 // WGS84 (below the series threshold: one sine series), "closed" an ellipsoid with e2 = 0.0069
 // (closed forms and iterations).  The one-off forms, which build their block on every call, are
 // measured for comparison.

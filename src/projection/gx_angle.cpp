@@ -1,5 +1,5 @@
 /*
- * gx_angle.cpp -- angle wrapping and the tolerant equality test (Part 3.3).
+ * gx_angle.cpp -- angle wrapping and the tolerant equality test.
  */
 #include "gridex.h"
 #include "projection/gx_math.h"

@@ -1,16 +1,16 @@
 /*
- * gx_auxlat.cpp -- the auxiliary latitudes of Part 3.3: conformal (chi), authalic (beta) and
- * rectifying (mu) with their constant blocks, and the isometric (eta) and geocentric (phig)
- * latitudes.
+ * gx_auxlat.cpp -- the auxiliary latitudes: conformal (chi), authalic (beta) and rectifying (mu)
+ * with their constant blocks, and the isometric (eta) and geocentric (phig) latitudes.
  *
  * Below the series threshold e2 = 0.006884661117170036 each conversion is a seven-term sine
- * series stored in Horner form; at or above it the closed forms and iterations of Part 3.3.
- * Coefficients: the conformal and authalic c_k are the spec's tables (verified by
- * tools/math/check_series.py, which found the spec's seven x^7 authalic coefficients of each
- * direction wrong from the fifth significant digit and gives the values used here instead; below
- * the threshold the difference is under 3e-19 rad).  The rectifying series in the third
- * flattening n through n^7 are exact fractions from tools/math/derive_series.py (they agree with
- * Karney 2011, "Transverse Mercator with an accuracy of a few nanometers").
+ * series stored in Horner form; at or above it the closed forms and fixed-point iterations.
+ * Coefficients: the conformal and authalic c_k are the published tables (verified by
+ * tools/math/check_series.py).  The seven x^7 authalic coefficients usually quoted for each
+ * direction are off from the fifth significant digit; these are re-derived by that script and
+ * used here instead (below the threshold the difference is under 3e-19 rad).  The rectifying
+ * series in the third flattening n through n^7 are exact fractions from
+ * tools/math/derive_series.py (they agree with Karney 2011, "Transverse Mercator with an accuracy
+ * of a few nanometers").
  */
 #include "gridex.h"
 #include "projection/gx_math.h"
@@ -48,7 +48,7 @@ constexpr double kConformalInv[7][7] = {
     {0, 0, 0, 0, 0, 0.006594547909652076, 0.016307526867422702},
     {0, 0, 0, 0, 0, 0, 0.003463473736911237},
 };
-/* Authalic: x^1..x^6 as in the spec; x^7 from tools/math/check_series.py (see above). */
+/* Authalic: x^1..x^6 as tabulated; x^7 from tools/math/check_series.py (see above). */
 constexpr double kAuthalicFwd[7][7] = {
     {-1.0 / 3, -0.17222222222222222, -0.10535714285714286, -0.0707853835978836,
      -0.05055507121479344, -0.03771903131774164, -0.029090226789166521309},
@@ -135,7 +135,7 @@ BlockParts block_parts(double e2, int flags) {
 /* atanh(e x)/e, with its limit x at e = 0. */
 double atanh_e(double e, double x) { return e == 0.0 ? x : std::atanh(e * x) / e; }
 
-/* Authalic q~(s) = s/(1 - e2 s^2) + atanh(e s)/e, the q of Part 3.3 divided by (1 - e2). */
+/* Authalic q~(s) = s/(1 - e2 s^2) + atanh(e s)/e, the usual q divided by (1 - e2). */
 double q_tilde(double e, double e2, double s) { return s / (1.0 - e2 * s * s) + atanh_e(e, s); }
 
 /* q~(1) - q~(sin phi) for 0 <= phi, without cancellation near the pole:
@@ -248,7 +248,7 @@ GX_API double gx_beta_to_phi_wconst(double e2, double beta, const double *block)
     if (auxlat_passthrough(e2, beta)) return beta;
     if (e2 < kSeriesE2) return beta + sine_series(block + 7, beta);
     const double e = block[14], qp = block[16], half_one_minus_e2 = block[17];
-    /* The iteration of Part 3.3 on |beta| (it is odd in beta); the residual s - q~(phi) is
+    /* The fixed-point iteration on |beta| (it is odd in beta); the residual s - q~(phi) is
        evaluated as (q_p - q~(phi)) - q_p (1 - sin beta) near the pole, where both terms are small
        and known to full relative precision. */
     const double b = std::fabs(beta), sb = std::sin(b), cb = std::cos(b);

@@ -1,5 +1,5 @@
 /*
- * gx_brent.cpp -- Brent's root finder on [0, pi/2] (Part 3.3).
+ * gx_brent.cpp -- Brent's root finder on [0, pi/2].
  *
  * Bisection, secant and inverse quadratic interpolation (R. P. Brent, "Algorithms for
  * Minimization without Derivatives", 1973, ch. 4).  The tolerance on x, and the smallest step,

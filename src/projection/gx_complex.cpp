@@ -1,5 +1,5 @@
 /*
- * gx_complex.cpp -- complex arithmetic in split form, the gx_z family (Part 3.3): real and
+ * gx_complex.cpp -- complex arithmetic in split form, the gx_z family: real and
  * imaginary parts in as separate doubles, the result out through two pointers.  The elementary
  * functions are those of std::complex (C99 Annex G semantics: principal values, branch cuts
  * chosen by the sign of a zero part); the elliptic ones are in gx_zelliptic.cpp.

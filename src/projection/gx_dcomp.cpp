@@ -1,6 +1,6 @@
 /*
  * gx_dcomp.cpp -- complex arithmetic on the gx_dcomp record (real, imaginary), the gx_dcomp_
- * family (Part 3.3).  Same mathematics as the gx_z family: std::complex for the elementary
+ * family.  Same mathematics as the gx_z family: std::complex for the elementary
  * functions, gx_zelliptic.cpp for the elliptic ones.
  */
 #include "gridex.h"

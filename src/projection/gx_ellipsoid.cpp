@@ -1,6 +1,6 @@
 /*
  * gx_ellipsoid.cpp -- radii of curvature, authalic and rectifying radii, meridian arc and
- * quarter meridian (Part 3.3).
+ * quarter meridian.
  *
  * Below the series threshold e2 = 0.006884661117170036 the meridian arc is the series in the
  * third flattening n through n^7; at or above it the closed form with the incomplete elliptic

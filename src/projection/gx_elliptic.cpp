@@ -1,6 +1,6 @@
 /*
  * gx_elliptic.cpp -- Carlson's R_F and R_D, complete and incomplete elliptic integrals of the
- * first and second kind, and the Jacobi elliptic functions sn, cn, dn (Part 3.3).
+ * first and second kind, and the Jacobi elliptic functions sn, cn, dn.
  *
  * R_F and R_D: duplication until every relative deviation from the mean is below 1e-4, then
  * Carlson's closing series (B. C. Carlson, "Numerical computation of real or complex elliptic

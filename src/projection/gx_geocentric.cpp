@@ -1,11 +1,11 @@
 /*
- * gx_geocentric.cpp -- geodetic <-> geocentric cartesian coordinates (Part 3.3).
+ * gx_geocentric.cpp -- geodetic <-> geocentric cartesian coordinates.
  *
  * The inverse is Bowring's method with two steps: the reduced latitude of the point's own
  * ellipse gives the first estimate, the reduced latitude of that estimate the second, and the
  * height follows from the final latitude.
  *
- * Both directions evaluate the formulas of Part 3.3 in long double and round once at the end.
+ * Both directions evaluate the closed-form formulas in long double and round once at the end.
  * At 40,000 km from the surface one unit in the last place of a double coordinate is 7.5e-9 m,
  * so the several roundings of a plain double evaluation (each trigonometric value, each product)
  * would add up to 2-3 units, beyond the 1e-8 m a round trip is held to; with the extended

@@ -1,5 +1,5 @@
 /*
- * gx_math.h -- internal helpers of the ellipsoid and complex mathematics (Part 3.3).
+ * gx_math.h -- internal helpers of the ellipsoid and complex mathematics.
  *
  * The public functions are declared in gridex.h; this header holds the fixed constants that run
  * through the library and the C++ forms (std::complex, sn/cn/dn with an exact complementary

@@ -1,8 +1,8 @@
 /*
  * gx_zelliptic.cpp -- Jacobi elliptic functions and Jacobi's epsilon function (the incomplete
  * elliptic integral of the second kind in terms of u) for a complex argument w = u + iv and a
- * real parameter 0 <= m <= 1 (Part 3.3); the exact transverse Mercator (Part 4.1) maps through
- * them.  With s, c, d = sn, cn, dn(u | m), s1, c1, d1 = sn, cn, dn(v | 1 - m) and
+ * real parameter 0 <= m <= 1; the exact transverse Mercator (Lee 1976) maps through them.
+ * With s, c, d = sn, cn, dn(u | m), s1, c1, d1 = sn, cn, dn(v | 1 - m) and
  * D = c1^2 + m s^2 s1^2:
  *
  *   sn(w) = (s d1 + i c d s1 c1) / D           (Abramowitz and Stegun 16.21.1-4)

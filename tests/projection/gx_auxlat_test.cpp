@@ -1,5 +1,5 @@
 // Conformal, authalic and rectifying latitudes with their constant blocks; isometric and
-// geocentric latitudes (Part 3.3).
+// geocentric latitudes.
 #include "gridex.h"
 #include "projection/gx_math.h"
 #include "gx_math_test_util.h"
@@ -100,7 +100,7 @@ TEST(AuxLatitude, BlockLayoutAndFlags) {
             }
         }
     }
-    // Closed-form slots of Part 3.3.
+    // Closed-form slots (above the series threshold).
     const double e2 = 0.0069, e = std::sqrt(e2);
     double c[GX_CHI_BLOCK_LEN], b[GX_BETA_BLOCK_LEN], r[GX_MU_BLOCK_LEN];
     gx_chi_conformal_constants(e2, c, 0);
@@ -199,7 +199,7 @@ TEST(AuxLatitude, SeriesMeetsClosedFormAtThreshold) {
 
 TEST(AuxLatitude, RectifyingNewtonEqualsTheLiteralIteration) {
     // gx_mu_to_phi_wconst reads the 50th iterate off a two-cycle instead of iterating to it:
-    // compare with the iteration of Part 3.3 written out literally, bit for bit.
+    // compare with the fixed-point iteration written out literally, bit for bit.
     for (double e2 : {kThreshold, 0.0069, 0.01, 0.08}) {
         double block[GX_MU_BLOCK_LEN];
         gx_mu_rectifying_constants(e2, block, 0);

@@ -1,4 +1,4 @@
-// Brent's root finder on [0, pi/2] (Part 3.3).
+// Brent's root finder on [0, pi/2].
 #include "gridex.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Complex arithmetic (gx_z and gx_dcomp families) and the complex elliptic functions (Part 3.3).
+// Complex arithmetic (gx_z and gx_dcomp families) and the complex elliptic functions.
 #include "gridex.h"
 #include "projection/gx_math.h"
 #include "gx_math_test_util.h"
@@ -261,7 +261,7 @@ TEST(ComplexElliptic, EpsilonIsTheIntegralOfDnSquared) {
 }
 
 TEST(ComplexElliptic, ComposeToTheExactTransverseMercator) {
-    // Lee's exact transverse Mercator, as Part 4.1 will use it: for w = u + iv,
+    // Lee's exact transverse Mercator, as the projection code will use it: for w = u + iv,
     //   psi + i lambda = atanh(sn w) - e atanh(e sn w)   (isometric latitude, longitude)
     //   northing + i easting = a k0 (E(am w | e2) - e2 sn w cn w / dn w)
     // (on v = 0 the meridian arc E(phi) - e2 sin phi cos phi / w of gx_q).  Built from

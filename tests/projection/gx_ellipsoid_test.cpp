@@ -1,5 +1,5 @@
 // Radii of curvature, authalic and rectifying radii, meridian arc and quarter meridian, angle
-// wrapping and the tolerant comparison (Part 3.3).
+// wrapping and the tolerant comparison.
 #include "gridex.h"
 #include "projection/gx_math.h"
 #include "gx_math_test_util.h"

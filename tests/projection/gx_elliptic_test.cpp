@@ -1,4 +1,4 @@
-// Carlson's R_F and R_D, K, E, E(phi|m), Jacobi's epsilon function and sn, cn, dn (Part 3.3).
+// Carlson's R_F and R_D, K, E, E(phi|m), Jacobi's epsilon function and sn, cn, dn.
 #include "gridex.h"
 #include "projection/gx_math.h"
 #include "gx_math_test_util.h"

@@ -1,4 +1,4 @@
-// Geodetic <-> geocentric cartesian conversion (Part 3.3).
+// Geodetic <-> geocentric cartesian conversion.
 #include "gridex.h"
 #include "gx_math_test_util.h"
 

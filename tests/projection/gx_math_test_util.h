@@ -1,6 +1,6 @@
-// gx_math_test_util.h -- shared pieces of the Part 3.3 mathematics tests: the test ellipsoids,
-// degree conversion, worst-case bookkeeping printed at the end of a test, and an independent
-// long-double meridian-arc oracle (Gauss-Legendre quadrature).
+// gx_math_test_util.h -- shared pieces of the ellipsoid and complex mathematics tests: the test
+// ellipsoids, degree conversion, worst-case bookkeeping printed at the end of a test, and an
+// independent long-double meridian-arc oracle (Gauss-Legendre quadrature).
 #ifndef GX_TEST_PROJECTION_MATH_UTIL_H
 #define GX_TEST_PROJECTION_MATH_UTIL_H
 

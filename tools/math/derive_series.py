@@ -8,7 +8,7 @@ Exact rational arithmetic (fractions), no guessing:
   two binomial series; its z^0 term integrates to A*phi, its z^l + z^-l terms to (C_l/l) sin 2l phi.
 * rectifying latitude: mu = phi + sum (c_l/A) sin 2l phi (mu = pi/2 * M / M90), and its inverse by
   series reversion (fixed-point iteration on Laurent polynomials in z, truncated at n^7).
-* the Horner form of Part 3.3: sin 2x * (p0 + p1 t + ... + p6 t^6), t = cos 2x.
+* the Horner form used by gx_auxlat.cpp: sin 2x * (p0 + p1 t + ... + p6 t^6), t = cos 2x.
 
 Prints the coefficients as exact fractions and as C++ double literals.  Run: python3 derive_series.py
 """
@@ -123,7 +123,7 @@ mu_inv = revert(mu_fwd)
 
 
 def horner(c):
-    """c: l -> value (l = 1..7) -> [p0..p6] of Part 3.3."""
+    """c: l -> value (l = 1..7) -> [p0..p6] in that Horner form."""
     g = lambda l: c.get(l, 0)
     return [g(1) - g(3) + g(5) - g(7), 2 * g(2) - 4 * g(4) + 6 * g(6),
             4 * g(3) - 12 * g(5) + 24 * g(7), 8 * g(4) - 32 * g(6), 16 * g(5) - 80 * g(7),
