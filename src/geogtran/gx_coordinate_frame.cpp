@@ -12,10 +12,10 @@
 
 namespace gx::geogtran {
 
-Mat3 frame_rotation(double rx, double ry, double rz) {
-    const double sx = std::sin(rx), cx = std::cos(rx);
-    const double sy = std::sin(ry), cy = std::cos(ry);
-    const double sz = std::sin(rz), cz = std::cos(rz);
+Mat3 frame_rotation(Real rx, Real ry, Real rz) {
+    const Real sx = std::sin(rx), cx = std::cos(rx);
+    const Real sy = std::sin(ry), cy = std::cos(ry);
+    const Real sz = std::sin(rz), cz = std::cos(rz);
     return {{{cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz},
              {-cy * sz, cx * cz - sx * sy * sz, cx * sy * sz + sx * cz},
              {sy, -sx * cy, cx * cy}}};
@@ -27,8 +27,8 @@ Mat3 exact_inverse(const Mat3 &m) {
         const int i1 = (i + 1) % 3, i2 = (i + 2) % 3, j1 = (j + 1) % 3, j2 = (j + 2) % 3;
         return m[i1][j1] * m[i2][j2] - m[i1][j2] * m[i2][j1];
     };
-    const double det = m[0][0] * cofactor(0, 0) + m[0][1] * cofactor(0, 1) +
-                       m[0][2] * cofactor(0, 2);
+    const Real det = m[0][0] * cofactor(0, 0) + m[0][1] * cofactor(0, 1) +
+                     m[0][2] * cofactor(0, 2);
     Mat3 inv;
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j) inv[i][j] = cofactor(j, i) / det;
@@ -37,12 +37,13 @@ Mat3 exact_inverse(const Mat3 &m) {
 
 Helmert make_helmert(const double parms[16], const Vec3 &origin) {
     const Mat3 rotation = frame_rotation(parms[kRx], parms[kRy], parms[kRz]);
-    const double scale = 1.0 + parms[kScale];
-    const Vec3 translation = {parms[kTx], parms[kTy], parms[kTz]};
+    const Real scale = 1.0L + parms[kScale];
+    const RVec3 translation = {parms[kTx], parms[kTy], parms[kTz]};
     Helmert t;
     t.forward = scale * rotation;
-    t.inverse = (1.0 / scale) * exact_inverse(rotation);
-    t.shift = translation + origin - t.forward * origin;
+    t.inverse = (1.0L / scale) * exact_inverse(rotation);
+    const RVec3 p = widened(origin);
+    t.shift = translation + p - t.forward * p;
     return t;
 }
 
@@ -72,20 +73,16 @@ GX_API int gx_coordinate_frame_inv(const double ellipsoid1[2], const double elli
                            heights);
 }
 
+/* "Bursa_Wolf" is another name of the coordinate-frame method: the same routines under a second
+   name, so that either name gives the same function pointer. */
 GX_API int gx_bursa_wolf_fwd(const double ellipsoid1[2], const double ellipsoid2[2],
                              const double parms[16], const char *dataset, int n, double *points,
                              double *heights, const int *ivals, const float *fvals,
-                             const double *dvals) {
-    return gx_coordinate_frame_fwd(ellipsoid1, ellipsoid2, parms, dataset, n, points, heights,
-                                   ivals, fvals, dvals);
-}
+                             const double *dvals) __attribute__((alias("gx_coordinate_frame_fwd")));
 
 GX_API int gx_bursa_wolf_inv(const double ellipsoid1[2], const double ellipsoid2[2],
                              const double parms[16], const char *dataset, int n, double *points,
                              double *heights, const int *ivals, const float *fvals,
-                             const double *dvals) {
-    return gx_coordinate_frame_inv(ellipsoid1, ellipsoid2, parms, dataset, n, points, heights,
-                                   ivals, fvals, dvals);
-}
+                             const double *dvals) __attribute__((alias("gx_coordinate_frame_inv")));
 
 } // extern "C"

@@ -50,10 +50,12 @@ inline void store_point(double *point, double lat, double lon) {
 
 using Vec3 = std::array<double, 3>; /* geocentric X, Y, Z in metres */
 
-inline Vec3 operator+(const Vec3 &u, const Vec3 &v) {
+template <class T>
+std::array<T, 3> operator+(const std::array<T, 3> &u, const std::array<T, 3> &v) {
     return {u[0] + v[0], u[1] + v[1], u[2] + v[2]};
 }
-inline Vec3 operator-(const Vec3 &u, const Vec3 &v) {
+template <class T>
+std::array<T, 3> operator-(const std::array<T, 3> &u, const std::array<T, 3> &v) {
     return {u[0] - v[0], u[1] - v[1], u[2] - v[2]};
 }
 

@@ -24,33 +24,43 @@
 
 namespace gx::geogtran {
 
-using Mat3 = std::array<Vec3, 3>;
+/* The matrix arithmetic runs in long double and rounds once per coordinate, as the geocentric
+   conversions do: a double evaluation of M X + c adds a few units in the last place of X
+   (1e-9 m each at the Earth's radius), which a forward and inverse pair would double. */
+using Real = long double;
+using RVec3 = std::array<Real, 3>;
+using Mat3 = std::array<RVec3, 3>;
 
 /* The rotation R above and its exact inverse (defined in gx_coordinate_frame.cpp). */
-Mat3 frame_rotation(double rx, double ry, double rz);
+Mat3 frame_rotation(Real rx, Real ry, Real rz);
 Mat3 exact_inverse(const Mat3 &m);
 
-inline Vec3 operator*(const Mat3 &m, const Vec3 &v) {
+inline RVec3 operator*(const Mat3 &m, const RVec3 &v) {
     return {m[0][0] * v[0] + m[0][1] * v[1] + m[0][2] * v[2],
             m[1][0] * v[0] + m[1][1] * v[1] + m[1][2] * v[2],
             m[2][0] * v[0] + m[2][1] * v[1] + m[2][2] * v[2]};
 }
 
-inline Mat3 operator*(double k, const Mat3 &m) {
+inline Mat3 operator*(Real k, const Mat3 &m) {
     Mat3 r;
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j) r[i][j] = k * m[i][j];
     return r;
 }
 
+inline RVec3 widened(const Vec3 &x) { return {x[0], x[1], x[2]}; }
+inline Vec3 rounded(const RVec3 &x) {
+    return {static_cast<double>(x[0]), static_cast<double>(x[1]), static_cast<double>(x[2])};
+}
+
 /* One Helmert transformation, ready for both directions. */
 struct Helmert {
     Mat3 forward; /* M */
     Mat3 inverse; /* M^-1 */
-    Vec3 shift;   /* c */
+    RVec3 shift;  /* c */
 
-    Vec3 apply(const Vec3 &x) const { return forward * x + shift; }
-    Vec3 undo(const Vec3 &x) const { return inverse * (x - shift); }
+    Vec3 apply(const Vec3 &x) const { return rounded(forward * widened(x) + shift); }
+    Vec3 undo(const Vec3 &x) const { return rounded(inverse * (widened(x) - shift)); }
 };
 
 /* The transformation of the parameter vector about `origin` (defined in
