@@ -10,6 +10,7 @@
 #define GX_GEOGTRAN_GX_DATUM_SHIFT_H
 
 #include "gridex.h"
+#include "projection/gx_math.h"
 
 #include <array>
 #include <cmath>
@@ -26,8 +27,8 @@ enum Slot : int {
     kSlotCount = 16
 };
 
-inline constexpr double kHalfPi = 1.5707963267948966;
-inline constexpr double kTol = 0x1p-48;
+using gx::math::kHalfPi;
+using gx::math::kTol; /* 2^-48 */
 
 struct Ellipsoid {
     double a;  /* semi-major axis, metres */

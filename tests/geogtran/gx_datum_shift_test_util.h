@@ -95,25 +95,16 @@ inline double ground_distance(double a, double lam1, double phi1, double lam2, d
 }
 
 // Worst difference seen, printed when the test ends next to the bound it asserts.
-class Worst {
-  public:
-    explicit Worst(std::string what) : what_(std::move(what)) {}
+struct Worst {
+    std::string what;
+    double value = 0.0, lam = 0.0, phi = 0.0;
     ~Worst() {
-        std::printf("[ worst    ] %-58s %.3g m at %s\n", what_.c_str(), err_, where_.c_str());
+        std::printf("[ worst    ] %-58s %.3g m at (%.3f, %.3f)\n", what.c_str(), value,
+                    lam / kDeg, phi / kDeg);
     }
-    void add(double err, double lam, double phi) {
-        if (err > err_ || std::isnan(err)) {
-            err_ = err;
-            char buf[64];
-            std::snprintf(buf, sizeof buf, "(%.3f, %.3f)", lam / kDeg, phi / kDeg);
-            where_ = buf;
-        }
+    void add(double err, double at_lam, double at_phi) {
+        if (err > value || std::isnan(err)) value = err, lam = at_lam, phi = at_phi;
     }
-    double value() const { return err_; }
-
-  private:
-    std::string what_, where_ = "-";
-    double err_ = 0.0;
 };
 
 // Compares two clouds point by point (horizontal and, when both carry them, vertical).

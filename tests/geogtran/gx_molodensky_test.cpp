@@ -64,17 +64,17 @@ TEST(Molodensky, MatchesProjOverEuropeJapanAndNorthAmerica) {
             for (bool heights : {true, false}) {
                 const std::string tag = std::string(form.name) + ", " + t.name +
                                         (heights ? "" : ", no heights");
-                Worst fwd(tag + ", forward"), inv(tag + ", inverse"),
-                    proj_inv(tag + ", inverse against PROJ's inverse");
+                Worst fwd{tag + ", forward"}, inv{tag + ", inverse"},
+                    proj_inv{tag + ", inverse against PROJ's inverse"};
                 const Cloud want = there.run(start, PJ_FWD, heights);
                 compare(fwd, run(form.fwd, e1, kWGS84, parms.data(), start, heights), want,
                         kWGS84.a, heights);
                 const Cloud got = run(form.inv, e1, kWGS84, parms.data(), want, heights);
                 compare(inv, got, back.run(want, PJ_FWD, heights), e1.a, heights);
                 compare(proj_inv, got, there.run(want, PJ_INV, heights), e1.a, heights);
-                EXPECT_LE(fwd.value(), kSameFormulaTol) << tag;
-                EXPECT_LE(inv.value(), kSameFormulaTol) << tag;
-                EXPECT_LE(proj_inv.value(), 0.1) << tag;
+                EXPECT_LE(fwd.value, kSameFormulaTol) << tag;
+                EXPECT_LE(inv.value, kSameFormulaTol) << tag;
+                EXPECT_LE(proj_inv.value, 0.1) << tag;
             }
         }
 #endif
@@ -123,10 +123,10 @@ TEST(DatumShift, ZeroParametersOnOneEllipsoidReturnTheInput) {
         gx_coordinate_frame_inv,       gx_bursa_wolf_fwd,             gx_bursa_wolf_inv,
         gx_position_vector_fwd,        gx_position_vector_inv,        gx_molodensky_badekas_fwd,
         gx_molodensky_badekas_inv};
-    Worst worst("zero parameters, geocentric methods");
+    Worst worst{"zero parameters, geocentric methods"};
     for (gx_mth_rtn method : geocentric)
         compare(worst, run(method, kIntl, kIntl, zero.data(), start), start, kIntl.a);
-    EXPECT_LE(worst.value(), 1e-9);
+    EXPECT_LE(worst.value, 1e-9);
 }
 
 } // namespace
