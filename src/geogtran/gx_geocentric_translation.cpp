@@ -1,8 +1,8 @@
 /*
  * gx_geocentric_translation.cpp -- the three-parameter datum shift (EPSG method 9603; IOGP
- * Guidance Note 7-2): geodetic -> geocentric on the first ellipsoid, add the
- * translation T, geocentric -> geodetic on the second.  The inverse subtracts T going the other
- * way; both are closed forms.
+ * Guidance Note 7-2): geodetic -> geocentric on the first ellipsoid, add the translation T,
+ * geocentric -> geodetic on the second.  The inverse subtracts T going the other way; both are
+ * closed forms.
  */
 #include "geogtran/gx_datum_shift.h"
 

@@ -1,8 +1,8 @@
 /*
  * gx_molodensky_badekas.cpp -- the Molodensky-Badekas datum shift (EPSG method 9636; IOGP
- * Guidance Note 7-2): the coordinate-frame Helmert transformation with its
- * rotation and scale taken about an origin P near the network's centroid instead of about the
- * geocentre, which decorrelates the translations from the rotations:
+ * Guidance Note 7-2): the coordinate-frame Helmert transformation with its rotation and scale
+ * taken about an origin P near the network's centroid instead of about the geocentre, which
+ * decorrelates the translations from the rotations:
  *
  *   X' = M (X - P) + P + T = M X + (T + P - M P).
  */

@@ -1,7 +1,7 @@
 /*
  * gx_vtm_vertical_offset_slope.cpp -- the vertical offset and slope method (EPSG method 1046;
- * IOGP Guidance Note 7-2): the two height surfaces differ by a constant p0 and
- * a plane inclined by i_phi towards the north and i_lam towards the east about the origin
+ * IOGP Guidance Note 7-2): the two height surfaces differ by a constant p0 and a plane
+ * inclined by i_phi towards the north and i_lam towards the east about the origin
  * (phi0, lam0).  With M and N the meridian and prime-vertical radii of curvature at phi0, and
  * the slope term
  *

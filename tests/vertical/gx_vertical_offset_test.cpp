@@ -26,9 +26,9 @@ struct Call {
 };
 
 int convert(const Call &c, std::vector<double> *points, std::vector<double> &heights) {
-    return c.method(kGRS80, c.unit_factor, 0.0, c.direction_product, c.parms, "", nullptr,
-                    nullptr, nullptr, static_cast<int>(heights.size()),
-                    points ? points->data() : nullptr, heights.data());
+    return c.method(kGRS80, c.unit_factor, 0.0, c.direction_product, c.parms, "", nullptr, nullptr,
+                    nullptr, static_cast<int>(heights.size()), points ? points->data() : nullptr,
+                    heights.data());
 }
 
 TEST(VerticalOffset, AddsTheOffsetInTheDirectionOfTheSystems) {
@@ -79,7 +79,8 @@ TEST(VerticalOffsetSlope, MatchesProjVertoffset) {
     std::vector<double> points = croatia();
     const int n = static_cast<int>(points.size() / 2);
     std::vector<double> start(n), fwd, inv;
-    for (int i = 0; i < n; ++i) start[i] = 150.0 + 10.0 * i;
+    for (int i = 0; i < n; ++i)
+        start[i] = 150.0 + 10.0 * i;
     fwd = inv = start;
     EXPECT_EQ(convert({gx_vtm_vertical_offset_slope_fwd, kDeg, 1.0, slope.parms}, &points, fwd), n);
     EXPECT_EQ(convert({gx_vtm_vertical_offset_slope_inv, kDeg, 1.0, slope.parms}, &points, inv), n);
@@ -91,7 +92,8 @@ TEST(VerticalOffsetSlope, MatchesProjVertoffset) {
         largest_slope = std::max(largest_slope, std::fabs(fwd[i] - start[i] + 0.343));
     }
     std::printf("[ worst    ] offset and slope against PROJ: forward %.3g m, inverse %.3g m "
-                "(slope up to %.3f m)\n", worst_fwd, worst_inv, largest_slope);
+                "(slope up to %.3f m)\n",
+                worst_fwd, worst_inv, largest_slope);
     EXPECT_LE(worst_fwd, 1e-4);
     EXPECT_LE(worst_inv, 1e-4);
     EXPECT_GT(largest_slope, 0.02); // the slope is not lost
@@ -110,7 +112,8 @@ TEST(VerticalOffsetSlope, DirectionProductAndMissingPoints) {
     convert({gx_vtm_vertical_offset_slope_fwd, kDeg, -1.0, slope.parms}, &points, down);
     const double s = up[0] - 120.0 + 0.343; // the slope term at the point
     EXPECT_DOUBLE_EQ(down[0], -(120.0 + s) - 0.343);
-    EXPECT_EQ(convert({gx_vtm_vertical_offset_slope_inv, kDeg, -1.0, slope.parms}, &points, down), 1);
+    EXPECT_EQ(convert({gx_vtm_vertical_offset_slope_inv, kDeg, -1.0, slope.parms}, &points, down),
+              1);
     EXPECT_NEAR(down[0], 120.0, 1e-12);
 
     std::vector<double> h = {5.0};
