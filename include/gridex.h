@@ -830,10 +830,222 @@ GX_DECLARE_VTM_ROUTINE(gx_vtm_vertical_offset_slope_inv);
 
 /* @@gridex-section:transformations@@ */
 
+/* ============================================================================================
+ * Transformation objects: methods, geographic and vertical transformations, adjusted systems
+ *
+ * Every constructor takes ownership of the sub-objects passed to it when it succeeds; on
+ * failure the caller keeps them.  Accessors return the object's own sub-objects, not copies.
+ * ========================================================================================== */
+
+/* The three kinds of method: datum shifts (METHOD), plane fits of adjusted systems (HTMETHOD)
+   and height methods (VTMETHOD).  A method is a name and the routines of its registry row; a
+   null forward or inverse routine takes every routine from the registry row of that name (340
+   when there is none), and the code, authority and version are set from the registry by name.
+   Methods compare by name.  The routine accessors give null for an invalid object. */
+GX_DECLARE_CODED_FAMILY(gx_method);
+GX_API gx_method *gx_method_new(const char *name, gx_mth_rtn forward, gx_mth_rtn inverse);
+GX_API gx_method *gx_method_new_errext(const char *name, gx_mth_rtn forward, gx_mth_rtn inverse,
+                                       gx_err_rec *err);
+GX_API gx_method *gx_method_new_extended(const char *name, gx_mth_rtn forward,
+                                         gx_mth_rtn inverse, gx_mth_const_rtn constfunc,
+                                         gx_err_rec *err);
+GX_API gx_mth_rtn gx_method_forward(const gx_method *method);
+GX_API gx_mth_rtn gx_method_inverse(const gx_method *method);
+GX_API gx_mth_const_rtn gx_method_constfunc(const gx_method *method);
+
+GX_DECLARE_CODED_FAMILY(gx_htmethod);
+GX_API gx_htmethod *gx_htmethod_new(const char *name, gx_htm_rtn forward, gx_htm_rtn inverse);
+GX_API gx_htmethod *gx_htmethod_new_errext(const char *name, gx_htm_rtn forward,
+                                           gx_htm_rtn inverse, gx_err_rec *err);
+GX_API gx_htm_rtn gx_htmethod_forward(const gx_htmethod *htmethod);
+GX_API gx_htm_rtn gx_htmethod_inverse(const gx_htmethod *htmethod);
+
+/* A height method may need the points' horizontal position in a particular kind of system:
+   coordsys_type is that type (GX_TYPE_GEOGCS for the registry's grid and slope methods), 0 when
+   any horizontal system, or none, will do. */
+GX_DECLARE_CODED_FAMILY(gx_vtmethod);
+GX_API gx_vtmethod *gx_vtmethod_new(const char *name, gx_vtm_rtn forward, gx_vtm_rtn inverse);
+GX_API gx_vtmethod *gx_vtmethod_new_errext(const char *name, gx_vtm_rtn forward,
+                                           gx_vtm_rtn inverse, gx_err_rec *err);
+GX_API gx_vtmethod *gx_vtmethod_new_extended(const char *name, gx_vtm_rtn forward,
+                                             gx_vtm_rtn inverse, gx_vtm_const_rtn constfunc,
+                                             unsigned int coordsys_type, gx_err_rec *err);
+GX_API gx_vtm_rtn gx_vtmethod_forward(const gx_vtmethod *vtmethod);
+GX_API gx_vtm_rtn gx_vtmethod_inverse(const gx_vtmethod *vtmethod);
+GX_API gx_vtm_const_rtn gx_vtmethod_constfunc(const gx_vtmethod *vtmethod);
+GX_API unsigned int gx_vtmethod_coordsys_type(const gx_vtmethod *vtmethod);
+
+/* Geographic transformation: from geogcs1 to geogcs2 by a method with 16 parameter slots (the
+   slot of a parameter is its index in the parameter registry).  Grid methods keep what their
+   constants routine loads (the grid named by the parameter in slot 15) in a container:
+   load_constants unloads, calls the routine and returns its result (0 when the method has none);
+   afterwards isconstloaded is 1 whatever the result, until unload_constants or deletion. */
+GX_DECLARE_CODED_FAMILY(gx_geogtran);
+GX_API gx_geogtran *gx_geogtran_new(const char *name, gx_geogcs *geogcs1, gx_geogcs *geogcs2,
+                                    gx_method *method, gx_parameter *parameters[16]);
+GX_API gx_geogtran *gx_geogtran_new_errext(const char *name, gx_geogcs *geogcs1,
+                                           gx_geogcs *geogcs2, gx_method *method,
+                                           gx_parameter *parameters[16], gx_err_rec *err);
+GX_API gx_geogcs *gx_geogtran_geogcs1(const gx_geogtran *gt);
+GX_API gx_geogcs *gx_geogtran_geogcs2(const gx_geogtran *gt);
+GX_API gx_method *gx_geogtran_method(const gx_geogtran *gt);
+GX_API gx_parameter **gx_geogtran_parameters(gx_geogtran *gt); /* the 16 slots, or null */
+GX_API gx_constants *gx_geogtran_constants(const gx_geogtran *gt);
+GX_API int gx_geogtran_isconstloaded(const gx_geogtran *gt);
+GX_API int gx_geogtran_load_constants(gx_geogtran *gt);
+GX_API void gx_geogtran_unload_constants(gx_geogtran *gt);
+
+/* Vertical transformation: from vertcs1 to vertcs2 by a height method, with an optional
+   horizontal system (geogcs or projcs) in which the points' positions are given.  Constants as
+   for the geographic transformation, from the vtmethod's constants routine. */
+GX_DECLARE_CODED_FAMILY(gx_verttran);
+GX_API gx_verttran *gx_verttran_new(const char *name, gx_coordsys *coordsys, gx_vertcs *vertcs1,
+                                    gx_vertcs *vertcs2, gx_vtmethod *vtmethod,
+                                    gx_parameter *parameters[16]);
+GX_API gx_verttran *gx_verttran_new_errext(const char *name, gx_coordsys *coordsys,
+                                           gx_vertcs *vertcs1, gx_vertcs *vertcs2,
+                                           gx_vtmethod *vtmethod, gx_parameter *parameters[16],
+                                           gx_err_rec *err);
+GX_API gx_coordsys *gx_verttran_coordsys(const gx_verttran *vt); /* null when none */
+GX_API gx_vertcs *gx_verttran_vertcs1(const gx_verttran *vt);
+GX_API gx_vertcs *gx_verttran_vertcs2(const gx_verttran *vt);
+GX_API gx_vtmethod *gx_verttran_vtmethod(const gx_verttran *vt);
+GX_API gx_parameter **gx_verttran_parameters(gx_verttran *vt); /* the 16 slots, or null */
+GX_API gx_constants *gx_verttran_constants(const gx_verttran *vt);
+GX_API int gx_verttran_isconstloaded(const gx_verttran *vt);
+GX_API int gx_verttran_load_constants(gx_verttran *vt);
+GX_API void gx_verttran_unload_constants(gx_verttran *vt);
+
+/* Adjusted horizontal system: a coordsys whose plane coordinates are refitted by an htmethod
+   with the coefficients of an array, in a unit.  No code and no authority; the text
+   ADJHCS["name",<coordsys>,HTMETHOD[...],ARRAY[...],UNIT[...]] never carries one. */
+GX_DECLARE_OBJECT_FAMILY(gx_adjhcs);
+GX_API gx_adjhcs *gx_adjhcs_new(const char *name, gx_coordsys *coordsys, gx_htmethod *htmethod,
+                                gx_array *array, gx_unit *unit);
+GX_API gx_adjhcs *gx_adjhcs_new_errext(const char *name, gx_coordsys *coordsys,
+                                       gx_htmethod *htmethod, gx_array *array, gx_unit *unit,
+                                       gx_err_rec *err);
+GX_API gx_coordsys *gx_adjhcs_coordsys(const gx_adjhcs *cs);
+GX_API gx_htmethod *gx_adjhcs_htmethod(const gx_adjhcs *cs);
+GX_API gx_array *gx_adjhcs_array(const gx_adjhcs *cs);
+GX_API gx_unit *gx_adjhcs_unit(const gx_adjhcs *cs);
+
+/* ============================================================================================
+ * Method registries
+ *
+ * One row per method, in search order, ended by a row of code 0.  Lookups by name map old names
+ * first and then compare without case ('-' counts as '_').  set_code stamps a method object with
+ * the code, authority and version of the row of its own name (no old names) and leaves it alone
+ * when there is none.  The factories make a method object from a row: status GX_STATUS_CODE
+ * from a code, GX_STATUS_STRING from a name; err may be null.  Rows of the grid methods whose
+ * routines are not available carry null routines: transformations through them convert nothing.
+ * ========================================================================================== */
+
+typedef struct gx_methlist_entry {
+    int code;
+    const char *authority;
+    const char *version;
+    const char *name;
+    gx_mth_rtn forward;
+    gx_mth_rtn inverse;
+    gx_mth_const_rtn constfunc; /* null: the method reads no data */
+} gx_methlist_entry;
+
+GX_API const gx_methlist_entry *gx_methlist_from_code(int code);
+GX_API const gx_methlist_entry *gx_methlist_from_name(const char *name);
+GX_API void gx_methlist_set_code(gx_method *method);
+GX_API gx_method *gx_methlist_method_from_code(int code, gx_err_rec *err);
+GX_API gx_method *gx_methlist_method_from_name(const char *name, gx_err_rec *err);
+
+typedef struct gx_htmethlist_entry {
+    int code;
+    const char *authority;
+    const char *version;
+    const char *name;
+    gx_htm_rtn forward;
+    gx_htm_rtn inverse;
+} gx_htmethlist_entry;
+
+GX_API const gx_htmethlist_entry *gx_htmethlist_from_code(int code);
+GX_API const gx_htmethlist_entry *gx_htmethlist_from_name(const char *name);
+GX_API void gx_htmethlist_set_code(gx_htmethod *htmethod);
+GX_API gx_htmethod *gx_htmethlist_htmethod_from_code(int code, gx_err_rec *err);
+GX_API gx_htmethod *gx_htmethlist_htmethod_from_name(const char *name, gx_err_rec *err);
+
+typedef struct gx_vtmethlist_entry {
+    int code;
+    int horizontal; /* 1: the method needs the points' longitude and latitude */
+    const char *authority;
+    const char *version;
+    const char *name;
+    gx_vtm_rtn forward;
+    gx_vtm_rtn inverse;
+    gx_vtm_const_rtn constfunc; /* null: the method reads no data */
+} gx_vtmethlist_entry;
+
+GX_API const gx_vtmethlist_entry *gx_vtmethlist_from_code(int code);
+GX_API const gx_vtmethlist_entry *gx_vtmethlist_from_name(const char *name);
+GX_API void gx_vtmethlist_set_code(gx_vtmethod *vtmethod);
+GX_API gx_vtmethod *gx_vtmethlist_vtmethod_from_code(int code, gx_err_rec *err);
+GX_API gx_vtmethod *gx_vtmethlist_vtmethod_from_name(const char *name, gx_err_rec *err);
+
+/* ============================================================================================
+ * Transforming coordinates
+ *
+ * gx_geog_to_geog shifts n (longitude, latitude) pairs in place from the geogtran's first
+ * system to its second (direction 0) or back (any other direction): points arrive in the
+ * angular unit of the system converted from, about its prime meridian, and leave in those of
+ * the system converted to.  heights (n ellipsoidal heights in metres, may be null) are shifted
+ * too.  The result is the method's count; 0 with the points untouched when the method has no
+ * routines, a longitude rotation joins two datums, or a grid cannot be loaded.
+ *
+ * gx_vert_to_vert converts n heights in place from the verttran's first vertical system to its
+ * second (direction 0) or back (direction 1), each in its own unit and about its own vertical
+ * shift; points (n (longitude, latitude) pairs in the verttran's geographic system) are read by
+ * the methods that need them.  0 with the heights untouched on any refusal.
+ * ========================================================================================== */
+
+GX_API int gx_geog_to_geog(gx_geogtran *gt, int n, double *points, double *heights,
+                           int direction);
+GX_API int gx_geog1_to_geog2(gx_geogtran *gt, int n, double *points, double *heights);
+GX_API int gx_geog2_to_geog1(gx_geogtran *gt, int n, double *points, double *heights);
+
+GX_API int gx_vert_to_vert(gx_verttran *vt, int n, const double *points, double *heights,
+                           int direction);
+GX_API int gx_vert1_to_vert2(gx_verttran *vt, int n, const double *points, double *heights);
+GX_API int gx_vert2_to_vert1(gx_verttran *vt, int n, const double *points, double *heights);
+
+/* A transformation list: steps run one after another on the same points -- a projected system
+   (gx_proj_geog with the step's direction), a geogtran (gx_geog_to_geog) or a verttran
+   (gx_vert_to_vert); a step passes the heights on only when its use_heights flag is set.  The
+   list does not own the objects.  Adding anything else makes the list invalid for good; an
+   invalid or empty list transforms nothing (0).  The chain stops at the first step that does
+   not convert all n points, and the result is the last step's count. */
+#define GX_TRANSLIST_TAG 0x2000000
+
+typedef struct gx_translist gx_translist;
+typedef struct gx_translist_entry {
+    struct gx_translist_entry *next;
+    void *object; /* a gx_projcs, gx_geogtran or gx_verttran */
+    int direction;
+    int use_heights;
+} gx_translist_entry;
+
+GX_API gx_translist *gx_translist_new(void);
+GX_API void gx_translist_del(gx_translist *list);
+GX_API int gx_translist_p(const gx_translist *list);
+GX_API gx_translist_entry *gx_translist_entrylist(const gx_translist *list);
+GX_API int gx_translist_is_valid(const gx_translist *list);
+GX_API int gx_translist_validate(const gx_translist *list); /* 1: every chain is accepted */
+GX_API int gx_translist_add_transformation(gx_translist *list, void *object, int direction,
+                                           int use_heights); /* 0, or -1 refused */
+GX_API int gx_translist_transform_coords(gx_translist *list, int n, double *points,
+                                         double *heights);
+
 /* @@gridex-section:math@@ (ellipsoid and complex mathematics) */
 
 /* ============================================================================================
- * Ellipsoid and complex mathematics (Part 3.3).  An ellipsoid is (a, e2): semi-major axis in
+ * Ellipsoid and complex mathematics.  An ellipsoid is (a, e2): semi-major axis in
  * metres and squared first eccentricity; e2 < 2^-48 is a sphere.  Angles are in radians.
  * ========================================================================================== */
 

@@ -308,8 +308,10 @@ TEST(CoordsysWkt, LongProjectedSystemDropsPiecesThatDoNotFit)
     expected += gx_projection_to_string(gx_projcs_projection(cs), piece);
     int dropped = 0;
     auto append = [&](const char *part) {
-        if (expected.size() + 1 + std::strlen(part) < 1022)
-            expected += "," + std::string(part);
+        if (expected.size() + 1 + std::strlen(part) < 1022) {
+            expected += ',';
+            expected += part;
+        }
         else
             ++dropped;
     };
