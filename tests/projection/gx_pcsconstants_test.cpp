@@ -3,50 +3,34 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-template <class T> T *allocate(int n)
-{
-    return static_cast<T *>(gx_allocate_rtn(sizeof(T) * static_cast<size_t>(n)));
-}
-
-} // namespace
-
-TEST(Pcsconstants, OwnsAndReplacesItsArrays)
+TEST(Pcsconstants, OwnsReplacesAndIgnoresForeignRecords)
 {
     gx_pcsconstants *rec = gx_pcsconstants_new();
-    ASSERT_NE(rec, nullptr);
-    EXPECT_EQ(gx_pcsconstants_p(rec), 1);
+    ASSERT_EQ(gx_pcsconstants_p(rec), 1);
     EXPECT_EQ(gx_pcsconstants_ivals(rec), nullptr);
     EXPECT_EQ(gx_pcsconstants_dvals(rec), nullptr);
-
-    int *ivals = allocate<int>(2);
+    auto *ivals = static_cast<int *>(gx_allocate_rtn(2 * sizeof(int)));
     EXPECT_EQ(gx_pcsconstants_ivals_set(rec, ivals), ivals);
-    EXPECT_EQ(gx_pcsconstants_ivals(rec), ivals);
-    EXPECT_EQ(gx_pcsconstants_ivals_set(rec, ivals), ivals); // setting the held array keeps it
-    double *first = allocate<double>(4);
-    double *second = allocate<double>(8);
-    gx_pcsconstants_dvals_set(rec, first); // released by the next set (ASan would see a leak)
-    EXPECT_EQ(gx_pcsconstants_dvals_set(rec, second), second);
-    EXPECT_EQ(gx_pcsconstants_dvals(rec), second);
-    gx_pcsconstants_dvals_set(rec, nullptr);
-    EXPECT_EQ(gx_pcsconstants_dvals(rec), nullptr);
-    gx_pcsconstants_del(rec); // frees ivals too
-}
+    EXPECT_EQ(gx_pcsconstants_ivals_set(rec, ivals), ivals); // the held array is kept
+    gx_pcsconstants_dvals_set(rec, static_cast<double *>(gx_allocate_rtn(sizeof(double))));
+    auto *dvals = static_cast<double *>(gx_allocate_rtn(4 * sizeof(double)));
+    EXPECT_EQ(gx_pcsconstants_dvals_set(rec, dvals), dvals); // the first is released
+    EXPECT_EQ(gx_pcsconstants_dvals(rec), dvals);
 
-TEST(Pcsconstants, InvalidRecordsAreIgnored)
-{
-    EXPECT_EQ(gx_pcsconstants_p(nullptr), 0);
-    // A constants container has another signature.
-    gx_constants *other = gx_constants_new();
-    auto *foreign = reinterpret_cast<gx_pcsconstants *>(other);
+    // A constants container is not such a record, and the other way round.
+    gx_constants *container = gx_constants_new();
+    auto *foreign = reinterpret_cast<gx_pcsconstants *>(container);
+    int local[2] = {2, 0};
     EXPECT_EQ(gx_pcsconstants_p(foreign), 0);
-    int ivals[2] = {2, 0};
-    EXPECT_EQ(gx_pcsconstants_ivals_set(foreign, ivals), nullptr);
-    EXPECT_EQ(gx_pcsconstants_dvals_set(nullptr, nullptr), nullptr);
+    EXPECT_EQ(gx_pcsconstants_ivals_set(foreign, local), nullptr);
     EXPECT_EQ(gx_pcsconstants_ivals(foreign), nullptr);
-    gx_pcsconstants_del(foreign); // not ours: left alone
-    EXPECT_EQ(gx_constants_p(other), 1);
-    gx_constants_del(other);
+    gx_pcsconstants_del(foreign);
+    EXPECT_EQ(gx_constants_p(container), 1);
+    EXPECT_EQ(gx_constants_p(reinterpret_cast<gx_constants *>(rec)), 0);
+    gx_constants_del(reinterpret_cast<gx_constants *>(rec));
+    EXPECT_EQ(gx_pcsconstants_p(rec), 1);
+
+    gx_constants_del(container);
+    gx_pcsconstants_del(rec); // releases both arrays
     gx_pcsconstants_del(nullptr);
 }
