@@ -11,6 +11,7 @@ using namespace gx::math;
 extern "C" {
 
 GX_API double gx_delta(double x) {
+    if (x >= -kPi && x <= kPi) return x; /* the common case, without the division of fmod */
     double r = std::fmod(x, kTwoPi);
     if (r > kPi)
         r -= kTwoPi;

@@ -40,6 +40,12 @@ inline double sine_series(const double *p, double x) {
     return s * (p[0] + t * (p[1] + t * (p[2] + t * (p[3] + t * (p[4] + t * (p[5] + t * p[6]))))));
 }
 
+/* The same series from sin x and cos x, for callers that already hold them. */
+inline double sine_series(const double *p, double sin_x, double cos_x) {
+    const double s = 2.0 * sin_x * cos_x, t = (cos_x - sin_x) * (cos_x + sin_x);
+    return s * (p[0] + t * (p[1] + t * (p[2] + t * (p[3] + t * (p[4] + t * (p[5] + t * p[6]))))));
+}
+
 /* c1..c7 (coefficients of sin 2x .. sin 14x) -> p0..p6 of the Horner form. */
 inline void sine_to_horner(const double *c, double *p) {
     p[0] = c[0] - c[2] + c[4] - c[6];
