@@ -97,6 +97,15 @@ bool read_head(wkt_parse &parse)
     return grammar.check_values == nullptr || grammar.check_values(parse);
 }
 
+// The first empty slot of a sub-object kind, or null when the kind has all it takes.
+gx_object_header **free_slot(wkt_parse &parse, const wkt_sub &sub)
+{
+    for (int slot = sub.slot; slot < sub.slot + sub.slot_count; ++slot)
+        if (parse.slots[slot] == nullptr)
+            return &parse.slots[slot];
+    return nullptr;
+}
+
 // Visits the tokens after the head: sub-objects are parsed, anything else is skipped with what
 // is nested under it.  Returns false when something failed.
 bool read_body(wkt_parse &parse, int index)
@@ -126,10 +135,10 @@ bool read_body(wkt_parse &parse, int index)
             // the sub-type's parser has reported
         } else if (sub->slot < 0) {
             taken = grammar.accept != nullptr && grammar.accept(parse, *sub, obj);
-        } else if (parse.slots[sub->slot] != nullptr) {
+        } else if (gx_object_header **slot = free_slot(parse, *sub); slot == nullptr) {
             parse.error(sub->duplicate_number, "%s", sub->duplicate_message);
         } else {
-            parse.slots[sub->slot] = obj;
+            *slot = obj;
             taken = true;
         }
         if (!taken) {

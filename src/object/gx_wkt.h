@@ -31,8 +31,11 @@ struct wkt_sub {
     const char *keyword2; // a second keyword for the same kind, or null
     int slot;             // where the parsed object is kept; -1: handed to the grammar's accept
     from_tokens_fn parse;
-    unsigned int duplicate_number; // reported for a second object in the same slot
+    unsigned int duplicate_number; // reported for an object of the kind when its slots are full
     const char *duplicate_message;
+    // The kind fills this many slots from `slot` on, in the order its objects come (a
+    // transformation's two systems); one more is a duplicate.
+    int slot_count = 1;
 };
 
 constexpr int wkt_max_values = 3;
