@@ -8,7 +8,9 @@ extern const gx_object_vec gx_authority_vector;
 extern const gx_object_vec gx_datum_vector;
 extern const gx_object_vec gx_geogcs_vector;
 extern const gx_object_vec gx_geoxyzcs_vector;
+extern const gx_object_vec gx_htmethod_vector;
 extern const gx_object_vec gx_hvcoordsys_vector;
+extern const gx_object_vec gx_method_vector;
 extern const gx_object_vec gx_parameter_vector;
 extern const gx_object_vec gx_primem_vector;
 extern const gx_object_vec gx_projcs_vector;
@@ -17,6 +19,7 @@ extern const gx_object_vec gx_spheroid_vector;
 extern const gx_object_vec gx_unit_vector;
 extern const gx_object_vec gx_vdatum_vector;
 extern const gx_object_vec gx_vertcs_vector;
+extern const gx_object_vec gx_vtmethod_vector;
 
 namespace {
 
@@ -31,9 +34,9 @@ const gx_object_vec *const vector_table[] = {
     &gx_geogcs_vector,
     // geogtran
     &gx_geoxyzcs_vector,
-    // htmethod
+    &gx_htmethod_vector,
     &gx_hvcoordsys_vector,
-    // method
+    &gx_method_vector,
     &gx_parameter_vector,
     &gx_primem_vector,
     &gx_projcs_vector,
@@ -43,7 +46,7 @@ const gx_object_vec *const vector_table[] = {
     &gx_vdatum_vector,
     &gx_vertcs_vector,
     // verttran
-    // vtmethod
+    &gx_vtmethod_vector,
 };
 
 } // namespace

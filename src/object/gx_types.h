@@ -7,6 +7,7 @@
 #include "object/gx_wkt.h"
 #include "object/gx_components.h"
 #include "object/gx_coordsys.h"
+#include "object/gx_transforms.h"
 #include "projection/gx_registry.h"
 
 namespace gx {
