@@ -3,10 +3,12 @@
 // and is listed here once, in the table's fixed order.
 #include "object/gx_core.h"
 
+extern const gx_object_vec gx_adjhcs_vector;
 extern const gx_object_vec gx_array_vector;
 extern const gx_object_vec gx_authority_vector;
 extern const gx_object_vec gx_datum_vector;
 extern const gx_object_vec gx_geogcs_vector;
+extern const gx_object_vec gx_geogtran_vector;
 extern const gx_object_vec gx_geoxyzcs_vector;
 extern const gx_object_vec gx_htmethod_vector;
 extern const gx_object_vec gx_hvcoordsys_vector;
@@ -19,6 +21,7 @@ extern const gx_object_vec gx_spheroid_vector;
 extern const gx_object_vec gx_unit_vector;
 extern const gx_object_vec gx_vdatum_vector;
 extern const gx_object_vec gx_vertcs_vector;
+extern const gx_object_vec gx_verttran_vector;
 extern const gx_object_vec gx_vtmethod_vector;
 
 namespace {
@@ -27,12 +30,12 @@ namespace {
 // hvcoordsys, method, parameter, primem, projcs, projection, spheroid, unit, vdatum, vertcs,
 // verttran, vtmethod.
 const gx_object_vec *const vector_table[] = {
-    // adjhcs
+    &gx_adjhcs_vector,
     &gx_array_vector,
     &gx_authority_vector,
     &gx_datum_vector,
     &gx_geogcs_vector,
-    // geogtran
+    &gx_geogtran_vector,
     &gx_geoxyzcs_vector,
     &gx_htmethod_vector,
     &gx_hvcoordsys_vector,
@@ -45,7 +48,7 @@ const gx_object_vec *const vector_table[] = {
     &gx_unit_vector,
     &gx_vdatum_vector,
     &gx_vertcs_vector,
-    // verttran
+    &gx_verttran_vector,
     &gx_vtmethod_vector,
 };
 
