@@ -1167,6 +1167,33 @@ GX_API gx_dcomp gx_dcomp_cn(gx_dcomp z, double m);
 GX_API gx_dcomp gx_dcomp_dn(gx_dcomp z, double m);
 GX_API gx_dcomp gx_dcomp_iellint2(gx_dcomp z, double m);
 
+/* @@gridex-section:objedithome@@ */
+
+/* User definitions.  The directory named by GXOBJEDITHOME (or set here) may hold one text file
+   per type -- geogcs, projcs, vertcs, datum, vdatum, geogtran, unit, primem, spheroid and
+   verttran, each also found with ".txt" appended -- whose entries the factories use before the
+   built-in definitions, stamped with status GX_STATUS_USER and authority "CUSTOM".  One entry
+   a line in the syntax of the built-in data: type, code, name, then the type's fields.
+
+   gx_objedithome_setdir reads the files when dir differs from the current directory and
+   returns the OR of the types (units: 0x300) that have at least one entry; a null or empty
+   dir drops the definitions; a dir of 246 characters or more is refused.  Either way the
+   result is the current mask.  Lines that do not load are reported (category 2, level
+   warning) to the message routine and skipped.  gx_objedithome_setfunc sets the directory
+   that routine() names (null routine: none).  gx_objedithome_is_set is 1 once the directory
+   has been set, by a call or by the first lookup. */
+GX_API int gx_objedithome_setdir(const char *dir);
+GX_API int gx_objedithome_setfunc(const char *(*routine)(void));
+GX_API int gx_objedithome_is_set(void);
+
+/* Sets the directory from GXOBJEDITHOME unless it is set already (then 1).  Returns the mask;
+   or, when it is not 0 and register_exit is, the result of registering gx_factory_uninit to
+   run at exit (0 on success).  The first argument is not used.  The first lookup of a user
+   definition calls gx_factory_init(0, 1) by itself. */
+GX_API int gx_factory_init(int unused, int register_exit);
+/* Drops every user definition (the directory becomes ""; it stays set). */
+GX_API void gx_factory_uninit(void);
+
 /* @@gridex-section:factory@@ (definition tables, code lists and factory) */
 
 /* Macro names of predefined objects (GX_GCS_WGS_1984 ...).  A table's rows are sorted by
