@@ -1303,6 +1303,89 @@ typedef struct gx_table_entry {
     char name[GX_NAME_LEN];
 } gx_table_entry;
 
+/* The predefined objects of a type (built from the current definitions or from user
+   definitions; changed, discontinued and retired codes left out), sorted by name without case,
+   blanks, '-' and '_'; allocated, free with gx_table_del.  Null with *count 0 when there are
+   none.  Each builds every code of the type's ranges: for occasional use. */
+GX_API gx_table_entry *gx_predefined_object(int type, int *count);
+GX_API void gx_table_del(gx_table_entry *table);
+
+#define GX_DECLARE_PREDEFINED(T) GX_API gx_table_entry *gx_predefined_##T(int *count)
+GX_DECLARE_PREDEFINED(geogcs);
+GX_DECLARE_PREDEFINED(projcs);
+GX_DECLARE_PREDEFINED(vertcs);
+GX_DECLARE_PREDEFINED(hvcoordsys);
+GX_DECLARE_PREDEFINED(datum);
+GX_DECLARE_PREDEFINED(vdatum);
+GX_DECLARE_PREDEFINED(geogtran);
+GX_DECLARE_PREDEFINED(verttran);
+GX_DECLARE_PREDEFINED(angunit);
+GX_DECLARE_PREDEFINED(linunit);
+GX_DECLARE_PREDEFINED(unit);
+GX_DECLARE_PREDEFINED(primem);
+GX_DECLARE_PREDEFINED(spheroid);
+GX_DECLARE_PREDEFINED(method);
+GX_DECLARE_PREDEFINED(htmethod);
+GX_DECLARE_PREDEFINED(vtmethod);
+GX_DECLARE_PREDEFINED(projection);
+GX_DECLARE_PREDEFINED(parameter);
+GX_DECLARE_PREDEFINED(angular_unit);
+GX_DECLARE_PREDEFINED(linear_unit);
+
+/* The code of an object.  One that carries none (-1) is looked for by building every code of
+   its type's ranges and comparing; the code found (0 if none) is stored on the object with its
+   authority and version.  For occasional use. */
+GX_API int gx_factory_code(void *object);
+
+/* ---- the factory ---------------------------------------------------------------------------
+ * A new object from its code, owned by the caller; null with the error in err when the code
+ * builds nothing (the plain form passes no record).  A type factory tries, in this order, the
+ * user definitions (status GX_STATUS_USER, authority "CUSTOM"), the built-in definitions
+ * (GX_STATUS_CODE, or GX_STATUS_DISCONTINUED for a code no longer recommended), the replacement
+ * of a changed code (GX_STATUS_CODECHANGE, stamped with the replacement code) and the retired
+ * definitions (GX_STATUS_DEAD).  Components are built through their own factories, so they
+ * carry their own codes, and a component's error is the one reported. */
+#define GX_DECLARE_FACTORY(T, R)                                                              \
+    GX_API R *gx_factory_##T(int code);                                                        \
+    GX_API R *gx_factory_##T##_errext(int code, gx_err_rec *err)
+
+GX_DECLARE_FACTORY(datum, gx_datum);
+GX_DECLARE_FACTORY(geogcs, gx_geogcs);
+GX_DECLARE_FACTORY(geogtran, gx_geogtran);
+GX_DECLARE_FACTORY(hvcoordsys, gx_hvcoordsys); /* the database holds none */
+GX_DECLARE_FACTORY(primem, gx_primem);
+GX_DECLARE_FACTORY(projcs, gx_projcs);
+GX_DECLARE_FACTORY(spheroid, gx_spheroid);
+GX_DECLARE_FACTORY(unit, gx_unit); /* linear or angular */
+GX_DECLARE_FACTORY(vdatum, gx_vdatum);
+GX_DECLARE_FACTORY(vertcs, gx_vertcs);
+GX_DECLARE_FACTORY(verttran, gx_verttran);
+
+/* The registries' objects, unchanged. */
+GX_DECLARE_FACTORY(method, gx_method);
+GX_DECLARE_FACTORY(htmethod, gx_htmethod);
+GX_DECLARE_FACTORY(vtmethod, gx_vtmethod);
+GX_DECLARE_FACTORY(projection, gx_projection);
+GX_DECLARE_FACTORY(parameter, gx_parameter);
+
+/* Factories that accept codes of some types only: a geogcs or projcs; a datum or vdatum; an
+   angular unit; a linear unit (a unit of the other kind: 224 "Wrong unit type"). */
+GX_DECLARE_FACTORY(coordsys, gx_coordsys);
+GX_DECLARE_FACTORY(hvdatum, gx_hvdatum);
+GX_DECLARE_FACTORY(angunit, gx_unit);
+GX_DECLARE_FACTORY(linunit, gx_unit);
+
+/* Any object: the type from the code's range (201 when none holds it), or given (223 for a
+   type without a factory; the type's factory judges the code). */
+GX_API void *gx_factory(int code);
+GX_API void *gx_factory_errext(int code, gx_err_rec *err);
+GX_API void *gx_factory_by_type(int type, int code);
+GX_API void *gx_factory_by_type_errext(int type, int code, gx_err_rec *err);
+
+/* An object's type code, a unit's told as linear or angular by its code (gx_factory_code);
+   0 for anything that is not an object. */
+GX_API int gx_factory_type(void *object);
+
 #ifdef __cplusplus
 }
 #endif
