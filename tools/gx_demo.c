@@ -1,18 +1,17 @@
-/* A small demonstration of the library: a projected coordinate system read from well-known
-   text (UTM zone 33 north on WGS 84), a few places converted from longitude and latitude to
-   easting and northing and back. */
+/* A small demonstration of the library: WGS 84 (code 4326) and UTM zone 33 north on it (code
+   32633) built from the definition database, a few places converted from longitude and latitude
+   to easting and northing and back. */
 #include "gridex.h"
 
 #include <stdio.h>
 
-static const char *utm33 =
-    "PROJCS[\"WGS_1984_UTM_Zone_33N\","
-    "GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137.0,298.257223563]],"
-    "PRIMEM[\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]],"
-    "PROJECTION[\"Transverse_Mercator\"],"
-    "PARAMETER[\"False_Easting\",500000.0],PARAMETER[\"False_Northing\",0.0],"
-    "PARAMETER[\"Central_Meridian\",15.0],PARAMETER[\"Scale_Factor\",0.9996],"
-    "PARAMETER[\"Latitude_Of_Origin\",0.0],UNIT[\"Meter\",1.0],AUTHORITY[\"EPSG\",32633]]";
+enum { wgs84 = 4326, wgs84_utm33n = 32633 };
+
+static int report(const gx_err_rec *err)
+{
+    fprintf(stderr, "error %u: %s\n", err->number, err->message);
+    return 1;
+}
 
 int main(void)
 {
@@ -23,16 +22,22 @@ int main(void)
     const int n = 4;
     char text[GX_TEXT_LEN];
     gx_err_rec err;
+    gx_geogcs *gcs;
     gx_projcs *cs;
     int i;
 
     printf("%s\n\n", gx_version_string());
-    cs = gx_projcs_from_string_errext(utm33, &err);
+    gcs = gx_factory_geogcs_errext(wgs84, &err);
+    if (gcs == NULL)
+        return report(&err);
+    cs = gx_factory_projcs_errext(wgs84_utm33n, &err);
     if (cs == NULL) {
-        fprintf(stderr, "error %u: %s\n", err.number, err.message);
-        return 1;
+        gx_geogcs_del(gcs);
+        return report(&err);
     }
+    printf("%s\n\n", gx_geogcs_to_string_ext(gcs, 1, text));
     printf("%s\n\n", gx_projcs_to_string_ext(cs, 1, text));
+    gx_geogcs_del(gcs);
 
     printf("%-8s %12s %12s   %14s %14s\n", "place", "longitude", "latitude", "easting", "northing");
     for (i = 0; i < 2 * n; ++i)
