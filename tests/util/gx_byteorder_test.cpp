@@ -7,14 +7,9 @@
 #include <cmath>
 #include <cstdint>
 
-TEST(ByteOrder, LittleEndianOnly)
-{
-    EXPECT_EQ(gx_is_little_endian(), 1);
-    EXPECT_EQ(gx_is_big_endian(), 0);
-}
-
 TEST(ByteOrder, SwapsReverseEachWordAndRoundTrip)
 {
+    EXPECT_EQ(gx_is_little_endian() - gx_is_big_endian(), 1);
     std::uint32_t words[2] = {0x01020304u, 0xA0B0C0D0u};
     gx_swap4_int(words, 2);
     EXPECT_EQ(words[0], 0x04030201u);
@@ -27,28 +22,20 @@ TEST(ByteOrder, SwapsReverseEachWordAndRoundTrip)
     gx_swap4_flt(values, 2);
     EXPECT_EQ(std::bit_cast<std::uint32_t>(values[0]), 0x0000C03Fu);
     gx_swap4_flt(values, 2);
-    EXPECT_EQ(values[0], 1.5f);
     EXPECT_EQ(values[1], -2.25f);
 
     double d[2] = {1.0, 123.456};
     gx_swap8_dbl(d, 2);
     EXPECT_EQ(std::bit_cast<std::uint64_t>(d[0]), 0x000000000000F03Full);
     gx_swap8_dbl(d, 2);
-    EXPECT_EQ(d[0], 1.0);
     EXPECT_EQ(d[1], 123.456);
-
     gx_swap8_dbl(d, 0);
     gx_swap8_dbl(nullptr, 3);
     gx_swap4_int(nullptr, 3);
     gx_swap4_flt(d, -1);
     EXPECT_EQ(d[0], 1.0);
-}
 
-TEST(ByteOrder, DoubleNanHasPayloadOne)
-{
-    double d = 0.0;
-    gx_double_nan(&d);
-    EXPECT_TRUE(std::isnan(d));
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(d), 0x7FF8000000000001ull);
+    gx_double_nan(&d[0]);
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(d[0]), 0x7FF8000000000001ull);
     gx_double_nan(nullptr);
 }
