@@ -3,6 +3,7 @@
 #include "object/gx_core.h"
 #include "object/gx_types.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdarg>
 #include <cstdlib>
@@ -281,11 +282,79 @@ function_name::function_name(const type_desc &desc, const char *operation)
 
 // ---- text output --------------------------------------------------------------------------------
 
+namespace {
+
+// Whether the only conversions of a format are %s and %d, the ones every WKT writer uses.
+bool has_plain_conversions(const char *format)
+{
+    for (const char *c = std::strchr(format, '%'); c != nullptr; c = std::strchr(c + 2, '%'))
+        if (c[1] != 's' && c[1] != 'd')
+            return false;
+    return true;
+}
+
+// Writes into a buffer of `size` bytes as gx_vsnprintf does: at most size - 2 characters, a
+// terminator after them and one in the last byte.
+class bounded_writer {
+public:
+    bounded_writer(char *buf, int size) : buf_(buf), size_(size), room_(size > 2 ? size - 2 : 0) {}
+
+    void put(const char *piece, std::size_t piece_length)
+    {
+        const std::size_t fits = static_cast<std::size_t>(room_ - written_);
+        const std::size_t n = piece_length < fits ? piece_length : fits;
+        std::memcpy(buf_ + written_, piece, n);
+        written_ += static_cast<int>(n);
+    }
+
+    void finish()
+    {
+        buf_[written_] = '\0';
+        buf_[size_ - 1] = '\0';
+    }
+
+private:
+    char *buf_;
+    int size_;
+    int room_;
+    int written_ = 0;
+};
+
+// gx_vsnprintf for a format with plain conversions only: the same text without the C library's
+// stream machinery, which costs more than the copying itself.
+void format_plain(char *buf, int size, const char *format, va_list args)
+{
+    if (size < 1)
+        return;
+    bounded_writer out(buf, size);
+    const char *c = format;
+    for (const char *percent; (percent = std::strchr(c, '%')) != nullptr; c = percent + 2) {
+        out.put(c, static_cast<std::size_t>(percent - c));
+        if (percent[1] == 's') {
+            const char *piece = va_arg(args, const char *);
+            if (piece == nullptr)
+                piece = "(null)"; // as the C library writes it
+            out.put(piece, std::strlen(piece));
+        } else {
+            char digits[16];
+            const char *end = std::to_chars(digits, digits + sizeof digits, va_arg(args, int)).ptr;
+            out.put(digits, static_cast<std::size_t>(end - digits));
+        }
+    }
+    out.put(c, std::strlen(c));
+    out.finish();
+}
+
+} // namespace
+
 void text_buf::printf(const char *format, ...)
 {
     va_list args;
     va_start(args, format);
-    gx_vsnprintf(text + length, GX_TEXT_LEN - length, format, args);
+    if (has_plain_conversions(format))
+        format_plain(text + length, GX_TEXT_LEN - length, format, args);
+    else
+        gx_vsnprintf(text + length, GX_TEXT_LEN - length, format, args);
     va_end(args);
     length += static_cast<int>(std::strlen(text + length));
 }

@@ -1,8 +1,12 @@
 // WKT text: the tokenizer that every parser goes through, and the fixed number text the library
 // writes and reads whatever the process locale.
 #include "object/gx_core.h"
+#include "util/gx_ctype.h"
 
+#include <array>
 #include <cctype>
+#include <cfenv>
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -21,32 +25,123 @@ char gx_get_decimal_point_char(void)
 
 namespace {
 
-// Removes the zeros that end the fraction of a fixed-point text; a bare decimal point gets one
-// "0" back, so 6378137.000 becomes 6378137.0.
-void trim_fraction(char *text, char point)
-{
-    char *dot = std::strchr(text, point);
-    if (dot == nullptr)
-        return;
-    char *end = text + std::strlen(text);
-    while (end > dot + 1 && end[-1] == '0')
-        --end;
-    if (end == dot + 1) {
-        *end++ = '0';
+// The C library's number conversions follow the floating-point rounding mode; std::to_chars and
+// std::from_chars always round to nearest, ties to even, which is the default mode.
+bool rounds_to_nearest() { return std::fegetround() == FE_TONEAREST; }
+
+// A number as the C library's "%.*e", "%.*f" or "%.*g" writes it, but always with '.' as the
+// decimal point.  std::to_chars gives the same digits without the locale and faster; under
+// another rounding mode the C library is asked.
+struct formatted {
+    // gx_dtoa asks for fixed texts only of values from 1e-10 to 1e17, so 40 characters do
+    char text[64];
+    int length = 0;
+
+    formatted(double value, std::chars_format form, int precision)
+    {
+        if (rounds_to_nearest())
+            write_to_chars(value, form, precision);
+        else
+            write_printf(value, form, precision);
     }
-    *end = '\0';
+
+private:
+    void write_to_chars(double value, std::chars_format form, int precision)
+    {
+        const std::to_chars_result result =
+            std::to_chars(text, text + sizeof text - 1, value, form, precision);
+        length = result.ec == std::errc() ? static_cast<int>(result.ptr - text) : 0;
+        text[length] = '\0';
+    }
+
+    void write_printf(double value, std::chars_format form, int precision)
+    {
+        const char *format = form == std::chars_format::scientific ? "%.*e"
+                             : form == std::chars_format::fixed    ? "%.*f"
+                                                                   : "%.*g";
+        constexpr int room = static_cast<int>(sizeof text);
+        const int written = std::snprintf(text, sizeof text, format, precision, value);
+        length = written < 0 ? 0 : written < room ? written : room - 1;
+        const char point = gx_get_decimal_point_char();
+        if (point != '.')
+            if (char *p = std::strchr(text, point))
+                *p = '.';
+    }
+};
+
+// The decimal exponent of an "%e" text: a sign and at least two digits after the 'e'.
+int exponent_of(const formatted &etext)
+{
+    const char *c = std::strchr(etext.text, 'e') + 1;
+    const bool negative = *c++ == '-';
+    int e = 0;
+    for (; *c != '\0'; ++c)
+        e = e * 10 + (*c - '0');
+    return negative ? -e : e;
 }
 
-// The mantissa digits of an "%e" text, without sign and point, and its decimal exponent.
-int exponent_of(const char *etext, char *digits, int room)
+// Whether the two digits before the last of an "%e" text's mantissa are 00 or 99.
+bool smeared(const formatted &etext)
 {
-    int n = 0;
-    const char *c = etext;
-    for (; *c != '\0' && *c != 'e' && *c != 'E'; ++c)
-        if (std::isdigit(static_cast<unsigned char>(*c)) && n < room - 1)
-            digits[n++] = *c;
-    digits[n] = '\0';
-    return *c != '\0' ? std::atoi(c + 1) : 0;
+    const char *e = std::strchr(etext.text, 'e');
+    const char *last = e - 1; // the mantissa has a point, so two digits stand before the last
+    return (last[-2] == '0' && last[-1] == '0') || (last[-2] == '9' && last[-1] == '9');
+}
+
+// Removes the zeros that end the fraction of a fixed-point text; a bare decimal point gets one
+// "0" back, so 6378137.000 becomes 6378137.0.
+void trim_fraction(formatted &fixed)
+{
+    char *dot = std::strchr(fixed.text, '.');
+    if (dot == nullptr)
+        return;
+    char *end = fixed.text + fixed.length;
+    while (end > dot + 1 && end[-1] == '0')
+        --end;
+    if (end == dot + 1)
+        *end++ = '0';
+    *end = '\0';
+    fixed.length = static_cast<int>(end - fixed.text);
+}
+
+// The C library writes infinities and NaNs as inf and nan, with a sign when it is set.
+const char *non_finite_text(double value)
+{
+    if (std::isinf(value))
+        return value < 0 ? "-inf" : "inf";
+    return std::signbit(value) ? "-nan" : "nan";
+}
+
+char *copy_out(char *buf, const char *text, int length)
+{
+    std::memcpy(buf, text, static_cast<std::size_t>(length));
+    buf[length] = '\0';
+    return buf;
+}
+
+char *copy_out(char *buf, const formatted &number)
+{
+    return copy_out(buf, number.text, number.length);
+}
+
+// A whole number below 1e14 in magnitude is exact in "%.*e" with 15 or more decimals and its
+// exponent is at most 13, so with 15 or more digits it is always written in fixed point with at
+// least one decimal, all zeros, of which one is kept: 6378137 becomes 6378137.0.
+bool is_short_whole_number(double value, int digits)
+{
+    return digits >= 15 && std::fabs(value) < 1e14 && value == std::trunc(value);
+}
+
+char *write_whole_number(char *buf, double value)
+{
+    char text[24];
+    char *end = text;
+    if (std::signbit(value))
+        *end++ = '-';
+    end = std::to_chars(end, text + sizeof text, static_cast<long long>(std::fabs(value))).ptr;
+    *end++ = '.';
+    *end++ = '0';
+    return copy_out(buf, text, static_cast<int>(end - text));
 }
 
 } // namespace
@@ -55,59 +150,86 @@ int exponent_of(const char *etext, char *digits, int room)
 // significant digits, and a sixteenth is kept only where it carries information: when the two
 // digits before the last of a 16-digit mantissa are 00 or 99, the value is a short decimal that
 // binary arithmetic has smeared (0.1000000000000000055...), and 15 digits give it back exactly.
+//
+// The text was first made with the C library's "%*.*e", "%*.*f" and "%*.*g" in right-aligned
+// fields, and the field widths still decide one thing: a fixed text below 1 counts its padding
+// when it is measured against the 24 characters beyond which the exponent form is used.
 char *gx_dtoa(double value, char *buf, int digits)
 {
     if (buf == nullptr)
         return nullptr;
-    digits = digits < 1 ? 1 : digits > 17 ? 17 : digits;
-    const int precision = digits == 16 ? 15 : digits;
-    int d = digits;
-    char scratch[128];
-    char mantissa[64];
-    std::snprintf(scratch, sizeof scratch, "%*.*e", precision + 8, precision, value);
-    const int e = exponent_of(scratch, mantissa, sizeof mantissa);
-
-    if (digits == 16 && e < 12) {
-        const int n = static_cast<int>(std::strlen(mantissa));
-        const bool smeared = n >= 3 && ((mantissa[n - 3] == '0' && mantissa[n - 2] == '0') ||
-                                        (mantissa[n - 3] == '9' && mantissa[n - 2] == '9'));
-        d = smeared ? 15 : 16;
+    if (!std::isfinite(value)) {
+        const char *text = non_finite_text(value);
+        return copy_out(buf, text, static_cast<int>(std::strlen(text)));
     }
+    digits = digits < 1 ? 1 : digits > 17 ? 17 : digits;
+    if (is_short_whole_number(value, digits))
+        return write_whole_number(buf, value);
+    const int precision = digits == 16 ? 15 : digits;
+    const formatted etext(value, std::chars_format::scientific, precision);
+    const int e = exponent_of(etext);
+    int d = digits;
+    if (digits == 16 && e < 12)
+        d = smeared(etext) ? 15 : 16;
 
-    const char point = gx_get_decimal_point_char();
     if (e >= 0) {
         const int decimals = d - e - 1;
-        if (decimals < 0) {
-            std::snprintf(scratch, sizeof scratch, "%*e", d + 7, value);
-        } else {
-            std::snprintf(scratch, sizeof scratch, "%*.*f", d + 2, decimals, value);
-            trim_fraction(scratch, point);
-        }
-    } else {
-        std::snprintf(scratch, sizeof scratch, "%*.*f", d - e + 2, d - e - 1, value);
-        trim_fraction(scratch, point);
-        if (std::strlen(scratch) > 24 || e < -9)
-            std::snprintf(scratch, sizeof scratch, "%*.*g", d + 7, d - 1, value);
+        if (decimals < 0) // the C library's default of six decimals
+            return copy_out(buf, formatted(value, std::chars_format::scientific, 6));
+        formatted fixed(value, std::chars_format::fixed, decimals);
+        trim_fraction(fixed);
+        return copy_out(buf, fixed);
     }
-
-    const char *start = scratch;
-    while (std::isspace(static_cast<unsigned char>(*start)))
-        ++start;
-    std::size_t length = std::strlen(start);
-    while (length > 0 && std::isspace(static_cast<unsigned char>(start[length - 1])))
-        --length;
-    std::memmove(buf, start, length);
-    buf[length] = '\0';
-    if (point != '.')
-        if (char *p = std::strchr(buf, point))
-            *p = '.';
-    return buf;
+    if (e >= -9) {
+        formatted fixed(value, std::chars_format::fixed, d - e - 1);
+        const int width = d - e + 2;
+        const int padding = width > fixed.length ? width - fixed.length : 0;
+        trim_fraction(fixed);
+        if (padding + fixed.length <= 24)
+            return copy_out(buf, fixed);
+    }
+    return copy_out(buf, formatted(value, std::chars_format::general, d - 1));
 }
+
+namespace {
+
+// The length of a text that is a plain decimal number as a whole, or 0: an optional '-', digits,
+// and optionally a '.' with digits after it.  Up to 100 characters, far from overflow and
+// underflow, its value is what strtod reads under any locale whose decimal point is one
+// character, and std::from_chars (correctly rounded, like strtod when rounding to nearest) reads
+// it without the locale.
+std::size_t plain_decimal_length(const char *text)
+{
+    constexpr std::size_t longest = 100;
+    std::size_t i = text[0] == '-' ? 1 : 0;
+    const std::size_t digits_start = i;
+    while (gx::is_ascii_digit(text[i]))
+        ++i;
+    if (i == digits_start)
+        return 0;
+    if (text[i] == '.') {
+        const std::size_t fraction_start = ++i;
+        while (gx::is_ascii_digit(text[i]))
+            ++i;
+        if (i == fraction_start)
+            return 0;
+    }
+    return text[i] == '\0' && i <= longest ? i : 0;
+}
+
+} // namespace
 
 double gx_atod(const char *text)
 {
     if (text == nullptr || text[0] == '\0')
         return 0.0;
+    if (rounds_to_nearest()) {
+        if (const std::size_t length = plain_decimal_length(text); length > 0) {
+            double value = 0.0;
+            std::from_chars(text, text + length, value);
+            return value;
+        }
+    }
     const char point = gx_get_decimal_point_char();
     if (point == '.')
         return std::strtod(text, nullptr);
@@ -121,8 +243,6 @@ double gx_atod(const char *text)
 // ---- the tokenizer ------------------------------------------------------------------------------
 
 namespace {
-
-bool is_space(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
 int fail(gx_token_list *list, unsigned int level, unsigned int number, const char *format, ...)
     GX_PRINTF(4, 5);
@@ -147,6 +267,8 @@ const char expecting_message[] = "Expecting ',' or ']' in WKT string";
 // depth left open, or -1 after an error.
 int normalize(gx_token_list *list, const char *text)
 {
+    gx::remembered_classes classes;
+    const auto is_space = [&classes](char c) { return classes.is_space(c); };
     char *out = list->text;
     int length = 0;
     bool quoted = false;
@@ -155,6 +277,19 @@ int normalize(gx_token_list *list, const char *text)
     out[length++] = *text++;
     for (;; ++text) {
         char c = *text;
+        if (gx::is_ascii_alnum(c)) { // most of a text: runs copied as they come, quoted or not
+            if (!quoted && out[length - 1] == ']')
+                return fail(list, GX_ERRLVL_ERROR, 458, expecting_message);
+            int run = 0;
+            for (; gx::is_ascii_alnum(text[run]); ++run) {
+                if (length >= max_text)
+                    return fail(list, GX_ERRLVL_ERROR, 467,
+                                "WKT string length exceeds %d characters", max_text);
+                out[length++] = text[run];
+            }
+            text += run - 1; // the loop's step goes past the run
+            continue;
+        }
         if (c == '\0')
             break;
         if (c == '(')
@@ -212,6 +347,13 @@ int normalize(gx_token_list *list, const char *text)
     return depth;
 }
 
+// The characters that end an unquoted token: '[', ']', ',' and the end of the text.
+constexpr std::array<bool, 256> ends_token = [] {
+    std::array<bool, 256> table{};
+    table['\0'] = table['['] = table[']'] = table[','] = true;
+    return table;
+}();
+
 } // namespace
 
 // Cuts the next token off the normalized text at *cursor.  A quoted token runs to the closing
@@ -229,7 +371,7 @@ static char objstring_name(char **cursor, char **token)
     } else {
         *token = c;
     }
-    while (*c != '\0' && *c != '[' && *c != ']' && *c != ',')
+    while (!ends_token[static_cast<unsigned char>(*c)])
         ++c;
     const char delimiter = *c;
     if (*c != '\0')
@@ -255,7 +397,7 @@ int gx_objstring_to_tokens(gx_token_list *list, const char *text, const char *ke
                         "Object type keyword \"%s\" not found in WKT string", keyword);
         text = found;
     }
-    while (is_space(*text))
+    while (gx::locale_classes::is_space(*text))
         ++text;
     if (*text == '\0')
         return fail(list, GX_ERRLVL_WARNING, 457, "Empty WKT string");

@@ -2,6 +2,7 @@
 // type from text or from a type code.
 #include "object/gx_wkt.h"
 #include "object/gx_types.h"
+#include "util/gx_ctype.h"
 
 #include <cctype>
 #include <cstdarg>
@@ -36,37 +37,45 @@ int wkt_object_end(const gx_token_list *list, int start)
 
 namespace {
 
-const wkt_sub *find_sub(const wkt_grammar &grammar, const char *keyword)
+// Keywords are compared as gx_strcmp_ci compares them; the classes remember the locale's answers
+// over the walk of one object.
+const wkt_sub *find_sub(const wkt_grammar &grammar, const char *keyword,
+                        remembered_classes &classes)
 {
+    loose_name token(keyword, classes);
     for (int i = 0; i < grammar.sub_count; ++i) {
         const wkt_sub &sub = grammar.subs[i];
-        if (gx_strcmp_ci(keyword, sub.keyword) == 0 ||
-            (sub.keyword2 != nullptr && gx_strcmp_ci(keyword, sub.keyword2) == 0))
+        if (token.matches(sub.keyword) || (sub.keyword2 != nullptr && token.matches(sub.keyword2)))
             return &sub;
     }
     return nullptr;
 }
 
-bool keyword_matches(const wkt_grammar &grammar, const char *token)
+bool keyword_matches(const wkt_grammar &grammar, const char *keyword, remembered_classes &classes)
 {
-    return gx_strcmp_ci(token, grammar.keyword) == 0 ||
-           (grammar.keyword2 != nullptr && gx_strcmp_ci(token, grammar.keyword2) == 0);
+    loose_name token(keyword, classes);
+    return token.matches(grammar.keyword) ||
+           (grammar.keyword2 != nullptr && token.matches(grammar.keyword2));
 }
 
 void delete_pieces(wkt_parse &parse)
 {
     for (gx_object_header *&obj : parse.slots) {
-        gx_object_del(obj);
+        if (obj != nullptr)
+            gx_object_del(obj);
         obj = nullptr;
     }
+    if (parse.grammar->accept == nullptr) // only a grammar's accept routine keeps parameters
+        return;
     for (gx_object_header *&obj : parse.params) {
-        gx_object_del(obj);
+        if (obj != nullptr)
+            gx_object_del(obj);
         obj = nullptr;
     }
 }
 
 // Checks the keyword, the name and the positional values (the fixed head of the object).
-bool read_head(wkt_parse &parse)
+bool read_head(wkt_parse &parse, remembered_classes &classes)
 {
     const wkt_grammar &grammar = *parse.grammar;
     const gx_token *tokens = parse.list->tokens;
@@ -76,7 +85,7 @@ bool read_head(wkt_parse &parse)
                                    : "Insufficient tokens in WKT string");
         return false;
     }
-    if (!keyword_matches(grammar, tokens[parse.start].text)) {
+    if (!keyword_matches(grammar, tokens[parse.start].text, classes)) {
         parse.error(466, "Object type keyword \"%s\" not found in WKT string", grammar.keyword);
         return false;
     }
@@ -88,7 +97,7 @@ bool read_head(wkt_parse &parse)
     parse.name = tokens[index++].text;
     for (int i = 0; i < grammar.value_count; ++i, ++index) {
         if (index >= parse.end || tokens[index].level != parse.level + 1 ||
-            find_sub(grammar, tokens[index].text) != nullptr) {
+            find_sub(grammar, tokens[index].text, classes) != nullptr) {
             parse.error(grammar.values[i].missing_number, "%s", grammar.values[i].missing_message);
             return false;
         }
@@ -108,7 +117,7 @@ gx_object_header **free_slot(wkt_parse &parse, const wkt_sub &sub)
 
 // Visits the tokens after the head: sub-objects are parsed, anything else is skipped with what
 // is nested under it.  Returns false when something failed.
-bool read_body(wkt_parse &parse, int index)
+bool read_body(wkt_parse &parse, int index, remembered_classes &classes)
 {
     const wkt_grammar &grammar = *parse.grammar;
     const gx_token *tokens = parse.list->tokens;
@@ -120,7 +129,7 @@ bool read_body(wkt_parse &parse, int index)
             return false;
         }
         const int after = wkt_object_end(parse.list, index);
-        const wkt_sub *sub = find_sub(grammar, token.text);
+        const wkt_sub *sub = find_sub(grammar, token.text, classes);
         if (sub == nullptr) {
             if (grammar.collect_rest && after == index + 1)
                 parse.rest[parse.rest_count++] = token.text;
@@ -159,7 +168,7 @@ gx_object_header *wkt_from_tokens(const wkt_grammar &grammar, const gx_token_lis
                                   int *next, gx_err_rec *err)
 {
     err_scope scope(err);
-    wkt_parse parse{};
+    wkt_parse parse;
     parse.grammar = &grammar;
     parse.list = list;
     parse.rec = scope.rec();
@@ -178,11 +187,12 @@ gx_object_header *wkt_from_tokens(const wkt_grammar &grammar, const gx_token_lis
     if (next != nullptr)
         *next = parse.end;
 
-    if (!read_head(parse))
+    remembered_classes classes; // the locale's answers for the keywords of this object
+    if (!read_head(parse, classes))
         return nullptr;
     const int body = parse.start + 2 + grammar.value_count;
     gx_object_header *obj = nullptr;
-    if (read_body(parse, body))
+    if (read_body(parse, body, classes))
         obj = grammar.build(parse);
     if (obj != nullptr) {
         obj->status = GX_STATUS_STRING;
@@ -239,8 +249,10 @@ void *object_from_string(const type_desc &desc, const char *text, gx_err_rec *er
 
 const char *synonym_lookup(const synonym *table, const char *name)
 {
+    remembered_classes classes;
+    loose_name wanted(name, classes);
     for (const synonym *row = table; row->old_name != nullptr; ++row)
-        if (gx_strcmp_ci(name, row->old_name) == 0)
+        if (wanted.matches(row->old_name))
             return row->current_name;
     return name;
 }

@@ -68,19 +68,19 @@ struct wkt_grammar {
 
 // What the walk collected for one object.
 struct wkt_parse {
-    const wkt_grammar *grammar;
-    const gx_token_list *list;
-    int start;               // index of the keyword
-    int end;                 // index after the object's last token
-    int level;               // level of the keyword
-    gx_err_rec *rec;         // the record in use (caller's or local)
-    gx_err_rec *caller_err;  // the caller's record, or null
-    const char *name;
-    const char *values[wkt_max_values];
-    int rest_count;
-    const char *rest[GX_MAX_TOKENS];
-    gx_object_header *slots[wkt_max_slots];
-    gx_object_header *params[wkt_param_slots];
+    const wkt_grammar *grammar = nullptr;
+    const gx_token_list *list = nullptr;
+    int start = 0;                     // index of the keyword
+    int end = 0;                       // index after the object's last token
+    int level = 0;                     // level of the keyword
+    gx_err_rec *rec = nullptr;         // the record in use (caller's or local)
+    gx_err_rec *caller_err = nullptr;  // the caller's record, or null
+    const char *name = nullptr;
+    const char *values[wkt_max_values] = {};
+    int rest_count = 0;
+    const char *rest[GX_MAX_TOKENS];   // the first rest_count are set (not cleared: 2 KiB)
+    gx_object_header *slots[wkt_max_slots] = {};
+    gx_object_header *params[wkt_param_slots] = {};
 
     // Reports a WKT error (category 16) under the grammar's function name.
     void error(unsigned int number, const char *format, ...) GX_PRINTF(3, 4);

@@ -10,6 +10,7 @@
 // or auxiliary sphere type, 13 y scale, 14 XY-plane rotation, 15 height or option.
 #include "projection/gx_registry.h"
 #include "object/gx_wkt.h"
+#include "util/gx_ctype.h"
 
 #include <cctype>
 #include <cstring>
@@ -93,11 +94,14 @@ bool names_dataset(const char *name)
 
 const gx_parmlist_entry *dataset_row() { return gx_parmlist_from_code(100047); }
 
-// The first row whose name equals `name` without case ('-' counts as '_').
+// The first row whose name equals `name` without case ('-' counts as '_'), as gx_strcmp_i
+// compares them.
 const gx_parmlist_entry *row_named(const char *name)
 {
+    gx::remembered_classes classes;
+    gx::caseless_name wanted(name, classes);
     for (const gx_parmlist_entry *entry = parameters; entry->code != 0; ++entry)
-        if (gx_strcmp_i(entry->name, name) == 0)
+        if (wanted.matches(entry->name))
             return entry;
     return nullptr;
 }

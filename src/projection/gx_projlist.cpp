@@ -22,6 +22,7 @@
 // cylindrical_eqarea; Vertical_Near_Side_Perspective is vertical_ns_perspective.
 #include "projection/gx_registry.h"
 #include "object/gx_wkt.h"
+#include "util/gx_ctype.h"
 
 namespace {
 
@@ -67,7 +68,7 @@ constexpr gx_projlist_entry projections[] = {
     row(43104, "Mercator_Auxiliary_Sphere", FORMULAS_OF(mercator_auxs), own_horizon),
     row(43005, "Gauss_Kruger", FORMULAS_OF(gauss_kruger), own_horizon),
     row(43006, "Transverse_Mercator", FORMULAS_OF(gauss_kruger), own_horizon),
-    row(43056, "Transverse_Mercator_Complex", pending, own_horizon),
+    row(43056, "Transverse_Mercator_Complex", FORMULAS_OF(tm_complex), own_horizon),
     row(43007, "Albers", FORMULAS_OF(albers), own_horizon),
     row(43008, "Sinusoidal", pending, cylindrical),
     row(43009, "Mollweide", pending, cylindrical),
@@ -143,11 +144,14 @@ const gx::synonym projection_synonyms[] = {
     {nullptr, nullptr},
 };
 
-// The first row whose name equals `name` without case ('-' counts as '_').
+// The first row whose name equals `name` without case ('-' counts as '_'), as gx_strcmp_i
+// compares them.
 const gx_projlist_entry *row_named(const char *name)
 {
+    gx::remembered_classes classes;
+    gx::caseless_name wanted(name, classes);
     for (const gx_projlist_entry *entry = projections; entry->code != 0; ++entry)
-        if (gx_strcmp_i(entry->name, name) == 0)
+        if (wanted.matches(entry->name))
             return entry;
     return nullptr;
 }

@@ -4,32 +4,23 @@
 // A null text argument reads as the empty text unless a function says otherwise; functions
 // that return a pointer into their argument return null for a null argument.
 #include "gridex.h"
+#include "util/gx_ctype.h"
 
 #include <cctype>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 namespace {
 
+bool is_space(char c) { return gx::locale_classes::is_space(c); }
+int lower(char c) { return gx::locale_classes::lower(c); }
+int upper(char c) { return gx::locale_classes::upper(c); }
+
 const char *or_empty(const char *s)
 {
     return s ? s : "";
-}
-
-int lower(char c)
-{
-    return std::tolower(static_cast<unsigned char>(c));
-}
-
-int upper(char c)
-{
-    return std::toupper(static_cast<unsigned char>(c));
-}
-
-bool is_space(char c)
-{
-    return std::isspace(static_cast<unsigned char>(c)) != 0;
 }
 
 // Characters that loose name comparison ignores: "GCS_WGS_1984", "gcs wgs 1984" and
@@ -61,6 +52,26 @@ char *skip_space(char *s)
     return s;
 }
 
+// Whether two runs of `length` bytes share a byte.
+bool overlap(const char *a, const char *b, std::size_t length)
+{
+    const auto x = reinterpret_cast<std::uintptr_t>(a);
+    const auto y = reinterpret_cast<std::uintptr_t>(b);
+    return x < y ? y - x < length : x - y < length;
+}
+
+// gx_strncpy one byte at a time, which decides what a copy onto its own source gives.
+int copy_forward(char *dst, const char *src, int n)
+{
+    int copied = 0;
+    while (copied < n - 1 && src[copied]) {
+        dst[copied] = src[copied];
+        copied++;
+    }
+    dst[copied] = '\0';
+    return copied;
+}
+
 // Copies src into dst through a character mapping; dst and src may be the same buffer.
 int copy_mapped(char *dst, const char *src, int (*map)(char))
 {
@@ -80,19 +91,8 @@ int copy_mapped(char *dst, const char *src, int (*map)(char))
 
 int gx_strncmp_ci(const char *a, const char *b, int n)
 {
-    a = or_empty(a);
-    b = or_empty(b);
-    for (int compared = 0; n < 0 || compared < n; compared++) {
-        a = skip_ignorable(a);
-        b = skip_ignorable(b);
-        int ca = lower(*a);
-        int cb = lower(*b);
-        if (ca != cb || ca == '\0')
-            return ca - cb;
-        a++;
-        b++;
-    }
-    return 0;
+    gx::locale_classes classes;
+    return gx::loose_compare(or_empty(a), or_empty(b), n, classes);
 }
 
 int gx_strcmp_ci(const char *a, const char *b)
@@ -112,14 +112,8 @@ int gx_strncmp_ci2(const char *a, const char *b)
 
 int gx_strcmp_i(const char *a, const char *b)
 {
-    a = or_empty(a);
-    b = or_empty(b);
-    for (;; a++, b++) {
-        int ca = upper(*a == '-' ? '_' : *a);
-        int cb = upper(*b == '-' ? '_' : *b);
-        if (ca != cb || ca == '\0')
-            return ca - cb;
-    }
+    gx::locale_classes classes;
+    return gx::compare_ignoring_case(or_empty(a), or_empty(b), classes);
 }
 
 const char *gx_strstr_ci(const char *s, const char *t)
@@ -129,7 +123,7 @@ const char *gx_strstr_ci(const char *s, const char *t)
     t = or_empty(t);
     for (; *s; s++) {
         size_t i = 0;
-        while (t[i] && lower(s[i]) == lower(t[i]))
+        while (t[i] && (s[i] == t[i] || lower(s[i]) == lower(t[i])))
             i++;
         if (!t[i])
             return s;
@@ -144,13 +138,14 @@ int gx_strncpy(char *dst, const char *src, int n)
     if (!dst || n < 1)
         return 0;
     src = or_empty(src);
-    int copied = 0;
-    while (copied < n - 1 && src[copied]) {
-        dst[copied] = src[copied];
-        copied++;
-    }
-    dst[copied] = '\0';
-    return copied;
+    const std::size_t room = static_cast<std::size_t>(n - 1);
+    const void *end = std::memchr(src, '\0', room); // reads no further than the terminator
+    const std::size_t length = end != nullptr ? static_cast<const char *>(end) - src : room;
+    if (overlap(dst, src, length + 1))
+        return copy_forward(dst, src, n);
+    std::memcpy(dst, src, length);
+    dst[length] = '\0';
+    return static_cast<int>(length);
 }
 
 int gx_strcpy(char *dst, const char *src)
