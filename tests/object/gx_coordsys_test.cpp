@@ -1,171 +1,45 @@
-// The coordinate-system types as objects: constructor checks (and that a failed constructor
-// leaves the caller its sub-objects), accessors, comparison rules, deep clones and the coordsys
-// and hvdatum operations that dispatch on the object's type.
+// The coordinate-system types as objects: ownership of their parts, comparison rules, deep clones
+// and the coordsys and hvdatum operations that dispatch on the object's type.
 #include "gridex.h"
-#include "gx_coordsys_samples.h"
+#include "gx_samples.h"
 #include "object/gx_coordsys.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 using samples::make_geogcs;
 using samples::make_projcs;
 using samples::make_vertcs;
 
-namespace {
-
-// Valid parts to hand to constructors; whatever no constructor took is deleted at the end.
-struct parts {
-    gx_geogcs *geogcs = make_geogcs();
+// Constructors keep the parts they are given (the sanitizer sees a copy leak or a part freed
+// twice); accessors of an invalid object are neutral.
+TEST(Coordsys, ConstructorsTakeTheirParts)
+{
     gx_datum *datum = gx_datum_new("D", gx_spheroid_new("S", 6378137.0, 0.0));
-    gx_primem *primem = gx_primem_new("Greenwich", 0.0);
-    gx_unit *unit = gx_unit_new("Meter", 1.0);
-    gx_projection *projection = gx_projection_new("Mercator", nullptr, nullptr, nullptr);
-    gx_vdatum *vdatum = gx_vdatum_new("NAVD_1988");
-    gx_vertcs *vertcs = make_vertcs(gx_vdatum_new("NAVD_1988"));
-    gx_parameter *parameters[16] = {gx_parameter_new("False_Easting", 1.0)};
-    ~parts()
-    {
-        for (void *obj : {(void *)geogcs, (void *)datum, (void *)primem, (void *)unit,
-                          (void *)projection, (void *)vdatum, (void *)vertcs,
-                          (void *)parameters[0]})
-            gx_object_del(obj);
-    }
-};
-
-} // namespace
-
-TEST(Coordsys, ConstructorsCheckTheirArguments)
-{
-    using make = std::function<void *(parts &, gx_err_rec *)>;
-    const struct {
-        make call;
-        unsigned int number;
-        const char *function;
-        const char *message;
-    } cases[] = {
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogcs_new_errext("g", nullptr, p.primem, p.unit, e);
-         },
-         334, "gx_geogcs_new", "Null or invalid datum object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogcs_new_errext("g", (gx_datum *)p.primem, p.primem, p.unit, e);
-         },
-         334, "gx_geogcs_new", "Null or invalid datum object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogcs_new_errext("g", p.datum, nullptr, p.unit, e);
-         },
-         329, "gx_geogcs_new", "Null or invalid primem object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogcs_new_errext("g", p.datum, p.primem, nullptr, e);
-         },
-         322, "gx_geogcs_new", "Null or invalid angular unit object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_projcs_new_errext("p", nullptr, p.projection, p.parameters, p.unit, e);
-         },
-         331, "gx_projcs_new", "Null or invalid geographic CS object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_projcs_new_errext("p", p.geogcs, nullptr, p.parameters, p.unit, e);
-         },
-         328, "gx_projcs_new", "Null or invalid projection object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_projcs_new_errext("p", p.geogcs, p.projection, p.parameters, nullptr, e);
-         },
-         323, "gx_projcs_new", "Null or invalid linear unit object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_projcs_new_errext("p", p.geogcs, p.projection, nullptr, p.unit, e);
-         },
-         330, "gx_projcs_new", "Null parameters array argument"},
-        {[](parts &p, gx_err_rec *e) { return gx_geoxyzcs_new_errext("x", nullptr, p.unit, e); },
-         331, "gx_geoxyzcs_new", "Null or invalid geogcs object argument"},
-        {[](parts &p, gx_err_rec *e) { return gx_geoxyzcs_new_errext("x", p.geogcs, nullptr, e); },
-         322, "gx_geoxyzcs_new", "Null or invalid angular unit object argument"},
-        {[](parts &, gx_err_rec *e) { return gx_vdatum_new_errext("", e); }, 321, "gx_vdatum_new",
-         "Null or invalid vdatum name argument"},
-        {[](parts &, gx_err_rec *e) { return gx_vdatum_new_errext(nullptr, e); }, 321,
-         "gx_vdatum_new", "Null or invalid vdatum name argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_vertcs_new_errext("v", p.geogcs, p.parameters, p.unit, e);
-         },
-         337, "gx_vertcs_new", "Null or invalid hvdatum object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_vertcs_new_errext("v", p.vdatum, nullptr, p.unit, e);
-         },
-         330, "gx_vertcs_new", "Null parameters array argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_vertcs_new_errext("v", p.datum, p.parameters, nullptr, e);
-         },
-         323, "gx_vertcs_new", "Null or invalid linear unit object argument"},
-        {[](parts &, gx_err_rec *e) { return gx_hvcoordsys_new_errext(nullptr, nullptr, e); }, 339,
-         "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
-        {[](parts &p, gx_err_rec *e) { return gx_hvcoordsys_new_errext(p.vertcs, nullptr, e); },
-         339, "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_hvcoordsys_new_extended_errext("h", p.geogcs, (gx_vertcs *)p.geogcs, e);
-         },
-         339, "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
-    };
-    for (const auto &c : cases) {
-        parts p; // deleted by the caller, so a constructor that took a part would double-free
-        gx_err_rec err;
-        EXPECT_EQ(c.call(p, &err), nullptr) << c.message;
-        EXPECT_EQ(err.level, unsigned(GX_ERRLVL_ERROR));
-        EXPECT_EQ(err.category, unsigned(GX_ERRCAT_ARGUMENT));
-        EXPECT_EQ(err.number, c.number);
-        EXPECT_STREQ(err.function, c.function);
-        EXPECT_STREQ(err.message, c.message);
-    }
-}
-
-TEST(Coordsys, ConstructorsTakeTheirPartsAndAccessorsReturnThem)
-{
-    parts p;
-    gx_geogcs *geo = gx_geogcs_new("g", p.datum, p.primem, p.unit);
+    gx_geogcs *geo = gx_geogcs_new("g", datum, gx_primem_new("Greenwich", 0.0),
+                                   gx_unit_new("Degree", 0.017453292519943295));
     ASSERT_NE(geo, nullptr);
-    EXPECT_EQ(gx_geogcs_datum(geo), p.datum);
-    EXPECT_EQ(gx_geogcs_primem(geo), p.primem);
-    EXPECT_EQ(gx_geogcs_unit(geo), p.unit);
-    EXPECT_EQ(gx_geogcs_status(geo), unsigned(GX_STATUS_NEW));
-    EXPECT_EQ(gx_geogcs_code(geo), -1);
-    p.datum = nullptr, p.primem = nullptr, p.unit = nullptr;
-
-    gx_projcs *proj =
-        gx_projcs_new("p", geo, p.projection, p.parameters, gx_unit_new("Foot", 0.3048));
+    EXPECT_EQ(gx_geogcs_datum(geo), datum);
+    gx_parameter *parameters[16] = {gx_parameter_new("False_Easting", 1.0)};
+    gx_projcs *proj = gx_projcs_new("p", geo, gx_projection_new("Mercator", nullptr, nullptr,
+                                                                 nullptr),
+                                    parameters, gx_unit_new("Foot", 0.3048));
     ASSERT_NE(proj, nullptr);
     EXPECT_EQ(gx_projcs_geogcs(proj), geo);
-    EXPECT_EQ(gx_projcs_projection(proj), p.projection);
-    EXPECT_EQ(gx_projcs_parameters(proj)[0], p.parameters[0]);
+    EXPECT_EQ(gx_projcs_parameters(proj)[0], parameters[0]);
     EXPECT_EQ(gx_projcs_parameters(proj)[1], nullptr);
-    EXPECT_EQ(gx_unit_factor(gx_projcs_unit(proj)), 0.3048);
-    p.projection = nullptr, p.parameters[0] = nullptr;
-
-    gx_vertcs *vert = p.vertcs;
-    p.vertcs = nullptr;
+    gx_vertcs *vert = make_vertcs(gx_vdatum_new("NAVD_1988"));
     gx_hvcoordsys *hv = gx_hvcoordsys_new(proj, vert);
     ASSERT_NE(hv, nullptr);
     EXPECT_EQ(gx_hvcoordsys_coordsys(hv), proj);
     EXPECT_EQ(gx_hvcoordsys_vertcs(hv), vert);
-    char name[GX_NAME_LEN];
-    EXPECT_STREQ(gx_hvcoordsys_name(hv, name), "");
-    EXPECT_EQ(gx_object_type(gx_vertcs_hvdatum(vert)), unsigned(GX_TYPE_VDATUM));
-    EXPECT_EQ(gx_unit_factor(gx_vertcs_unit(vert)), 1.0);
-    EXPECT_NE(gx_vertcs_parameters(vert)[1], nullptr);
     gx_hvcoordsys_del(hv);
-
-    gx_geoxyzcs *xyz = gx_geoxyzcs_new("x", p.geogcs, p.unit = gx_unit_new("Meter", 1.0));
+    gx_geoxyzcs *xyz = gx_geoxyzcs_new("x", make_geogcs(), gx_unit_new("Meter", 1.0));
     ASSERT_NE(xyz, nullptr);
-    EXPECT_EQ(gx_geoxyzcs_geogcs(xyz), p.geogcs);
-    EXPECT_EQ(gx_geoxyzcs_unit(xyz), p.unit);
-    p.geogcs = nullptr, p.unit = nullptr;
-    gx_geoxyzcs_del(xyz);
-
-    // Accessors of an invalid object are neutral.
     EXPECT_EQ(gx_geogcs_datum(nullptr), nullptr);
-    EXPECT_EQ(gx_projcs_parameters((gx_projcs *)p.vdatum), nullptr);
-    EXPECT_EQ(gx_hvcoordsys_vertcs(nullptr), nullptr);
-    EXPECT_EQ(gx_vertcs_hvdatum(nullptr), nullptr);
+    EXPECT_EQ(gx_projcs_parameters((gx_projcs *)xyz), nullptr);
+    gx_geoxyzcs_del(xyz);
 }
 
 TEST(Coordsys, ComparisonRules)
@@ -249,16 +123,12 @@ TEST(Coordsys, CoordsysAndHvdatumDispatchOnTheObjectsType)
     gx_vertcs *vert = make_vertcs(gx_vdatum_new("v"));
     char a[GX_TEXT_LEN], b[GX_TEXT_LEN];
     for (gx_coordsys *cs : {(void *)geo, (void *)proj}) {
-        EXPECT_EQ(gx_coordsys_p(cs), 1);
         EXPECT_STREQ(gx_coordsys_to_string_ext(cs, 2, a), gx_object_to_string_ext(cs, 2, b));
-        EXPECT_EQ(gx_coordsys_type(cs), gx_object_type(cs));
         gx_coordsys *copy = gx_coordsys_clone(cs);
-        EXPECT_EQ(gx_coordsys_eq(cs, copy), 1);
         gx_coordsys *parsed = gx_coordsys_from_string(a);
-        EXPECT_EQ(gx_coordsys_type(parsed), gx_coordsys_type(cs)) << a;
+        EXPECT_EQ(gx_coordsys_type(parsed), gx_object_type(cs)) << a;
         EXPECT_EQ(gx_coordsys_eq(copy, parsed), 1);
         gx_coordsys_code_set(copy, 1234, "CUSTOM", nullptr);
-        EXPECT_EQ(gx_coordsys_code(copy), 1234);
         EXPECT_EQ(gx_authority_authcode(gx_coordsys_authority(copy)), 1234);
         gx_coordsys_del(copy);
         gx_coordsys_del(parsed);
@@ -269,15 +139,11 @@ TEST(Coordsys, CoordsysAndHvdatumDispatchOnTheObjectsType)
     EXPECT_STREQ(gx_coordsys_to_string(vert, a), "");
     EXPECT_EQ(gx_coordsys_clone(vert), nullptr);
     EXPECT_EQ(gx_coordsys_code(vert), -1);
-    EXPECT_STREQ(gx_coordsys_name(vert, a), "");
     gx_coordsys_del(vert); // not deleted: not a coordsys
 
     gx_hvdatum *vd = gx_vertcs_hvdatum(vert);
-    gx_hvdatum *d = gx_geogcs_datum(geo);
-    EXPECT_EQ(gx_hvdatum_p(vd), 1);
-    EXPECT_EQ(gx_hvdatum_p(d), 1);
     EXPECT_EQ(gx_hvdatum_p(geo), 0);
-    for (gx_hvdatum *datum : {vd, d}) {
+    for (gx_hvdatum *datum : {vd, (gx_hvdatum *)gx_geogcs_datum(geo)}) {
         gx_hvdatum *parsed = gx_hvdatum_from_string(gx_hvdatum_to_string(datum, a));
         EXPECT_EQ(gx_hvdatum_type(parsed), gx_hvdatum_type(datum)) << a;
         EXPECT_EQ(gx_hvdatum_eq(parsed, datum), 1) << a;

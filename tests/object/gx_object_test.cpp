@@ -1,5 +1,5 @@
-// The object core: type and status names, the generic operations, error records and the message
-// routine with its masks.
+// The object core: type and status names, the generic operations, the message routine with its
+// masks, the cut of long texts, and the constants container.
 #include "gridex.h"
 #include "gx_test_support.h"
 
@@ -82,38 +82,6 @@ TEST(ObjectCore, GenericOperationsDispatchAndRejectInvalidObjects)
     gx_unit_del(unit);
 }
 
-TEST(ObjectCore, LongNamesAreCut)
-{
-    const std::string long_name(70, 'x');
-    gx_unit *unit = gx_unit_new(long_name.c_str(), 2.0);
-    char name[GX_NAME_LEN];
-    EXPECT_EQ(std::string(gx_unit_name(unit, name)), long_name.substr(0, 63));
-    gx_unit_del(unit);
-}
-
-TEST(ErrorRecords, ConstructorsReportArgumentErrors)
-{
-    gx_err_rec err;
-    EXPECT_EQ(gx_unit_new_errext("m", 0.0, &err), nullptr);
-    EXPECT_EQ(err.level, 2u);
-    EXPECT_EQ(err.category, 8u);
-    EXPECT_EQ(err.number, 304u);
-    EXPECT_STREQ(err.function, "gx_unit_new");
-    EXPECT_STREQ(err.message, "Unit factor argument (0.0) is <= 0");
-
-    EXPECT_EQ(gx_authority_new_errext("", 5, nullptr, &err), nullptr);
-    EXPECT_EQ(err.number, 320u);
-    EXPECT_EQ(gx_authority_new_errext("EPSG", 0, nullptr, &err), nullptr);
-    EXPECT_EQ(err.number, 311u);
-    EXPECT_STREQ(err.message, "Invalid authority code argument (0)");
-
-    // A successful call clears the caller's record.
-    gx_unit *unit = gx_unit_new_errext("m", 1.0, &err);
-    EXPECT_EQ(err.number, 0u);
-    EXPECT_STREQ(err.message, "");
-    gx_unit_del(unit);
-}
-
 TEST(ErrorRecords, MessageRoutineMasks)
 {
     {
@@ -151,8 +119,15 @@ TEST(ErrorRecords, MessageRoutineMasks)
     gx_msg_getrtn(nullptr, nullptr, nullptr, nullptr);
 }
 
-TEST(ErrorRecords, FieldsAreCut)
+// Names and error record fields are cut to their widths.
+TEST(ObjectCore, LongTextsAreCut)
 {
+    const std::string long_name(70, 'x');
+    gx_unit *unit = gx_unit_new(long_name.c_str(), 2.0);
+    char name[GX_NAME_LEN];
+    EXPECT_EQ(std::string(gx_unit_name(unit, name)), long_name.substr(0, 63));
+    gx_unit_del(unit);
+
     gx_err_rec err;
     const std::string long_text(2000, 'm');
     gx_err_str(&err, 2, 8, 301, long_text.c_str(), long_text.c_str());
@@ -161,4 +136,38 @@ TEST(ErrorRecords, FieldsAreCut)
     gx_err_clear(&err);
     EXPECT_EQ(err.level + err.category + err.number, 0u);
     gx_err_clear(nullptr);
+}
+
+// The constants container owns its arrays under both families of names; a record that is not a
+// container is left alone.
+TEST(Constants, OwnsAndReplacesItsArraysUnderBothNames)
+{
+    auto allocate = [](size_t size) { return gx_allocate_rtn(size); };
+    gx_constants *c = gx_constants_new();
+    ASSERT_EQ(gx_gtconstants_p(c), 1);
+    EXPECT_TRUE(!gx_constants_ivals(c) && !gx_constants_fvals(c) && !gx_constants_dvals(c));
+    auto *ivals = static_cast<int *>(allocate(2 * sizeof(int)));
+    gx_constants_ivals_set(c, ivals);
+    gx_gtconstants_fvals_set(c, static_cast<float *>(allocate(4 * sizeof(float))));
+    gx_constants_fvals_set(c, static_cast<float *>(allocate(4 * sizeof(float)))); // first released
+    auto *dvals = static_cast<double *>(allocate(3 * sizeof(double)));
+    gx_gtconstants_dvals_set(c, dvals);
+    gx_constants_dvals_set(c, dvals); // the held array again: kept
+    EXPECT_EQ(gx_gtconstants_ivals(c), ivals);
+    EXPECT_EQ(gx_constants_dvals(c), dvals);
+    gx_constants_fvals_set(c, nullptr);
+    EXPECT_EQ(gx_gtconstants_fvals(c), nullptr);
+    gx_gtconstants_del(c); // releases what it holds
+    gx_constants_del(gx_gtconstants_new());
+    gx_constants_del(nullptr);
+
+    gx_constants *dead = gx_constants_new();
+    *reinterpret_cast<unsigned int *>(dead) = 0x2000000; // another record's signature
+    float fvals[1] = {1.0f};
+    EXPECT_EQ(gx_constants_p(dead), 0);
+    EXPECT_EQ(gx_gtconstants_fvals_set(dead, fvals), nullptr); // the caller keeps fvals
+    EXPECT_EQ(gx_constants_fvals(dead), nullptr);
+    gx_constants_del(dead); // not a container: left alone
+    *reinterpret_cast<unsigned int *>(dead) = 0x1000000;
+    gx_constants_del(dead);
 }

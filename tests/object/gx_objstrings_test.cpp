@@ -52,7 +52,7 @@ unsigned int unit_error(const char *wkt, std::string *message = nullptr)
 
 } // namespace
 
-TEST(Tokenizer, SplitsIntoLeveledTokens)
+TEST(Tokenizer, SplitsIntoLeveledNormalizedTokens)
 {
     tokens t("DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137.0,298.257223563]]");
     ASSERT_EQ(t.rc, 0);
@@ -64,25 +64,26 @@ TEST(Tokenizer, SplitsIntoLeveledTokens)
         EXPECT_EQ(t.text(i), texts[i]);
         EXPECT_EQ(t.level(i), levels[i]);
     }
-}
-
-TEST(Tokenizer, NormalizesBlanksQuotesAndParentheses)
-{
-    tokens t("UNIT [ \"  Meter \" , 1 ]");
-    ASSERT_EQ(t.rc, 0);
-    EXPECT_EQ(t.text(1), "Meter");
-    tokens tab("UNIT[\"Us\tFoot (survey)\",0.3048006096012192]");
-    ASSERT_EQ(tab.rc, 0);
-    EXPECT_EQ(tab.text(1), "Us Foot [survey]");
-    tokens paren("UNIT(\"m\",1)");
-    ASSERT_EQ(paren.rc, 0);
-    EXPECT_EQ(paren.list->count, 3);
-    tokens keyword("GEOGCS[\"g\",UNIT[\"Degree\",0.0174532925199433]]", "unit");
-    ASSERT_EQ(keyword.rc, 0);
-    EXPECT_EQ(keyword.text(0), "UNIT");
-    tokens empty_name("UNIT[\"\",1]");
-    ASSERT_EQ(empty_name.list->count, 3);
-    EXPECT_EQ(empty_name.text(1), "");
+    // Blanks around names dropped, a tab read as a blank, parentheses read as brackets; the
+    // list starts at the keyword asked for.
+    const struct {
+        const char *text, *keyword;
+        int count;
+        const char *name;
+    } cases[] = {
+        {"UNIT [ \"  Meter \" , 1 ]", nullptr, 3, "Meter"},
+        {"UNIT[\"Us\tFoot (survey)\",0.3048006096012192]", nullptr, 3, "Us Foot [survey]"},
+        {"UNIT(\"m\",1)", nullptr, 3, "m"},
+        {"GEOGCS[\"g\",UNIT[\"Degree\",0.0174532925199433]]", "unit", 3, "Degree"},
+        {"UNIT[\"\",1]", nullptr, 3, ""},
+    };
+    for (const auto &c : cases) {
+        tokens n(c.text, c.keyword);
+        ASSERT_EQ(n.rc, 0) << c.text;
+        EXPECT_EQ(n.list->count, c.count) << c.text;
+        EXPECT_EQ(n.text(0), "UNIT") << c.text;
+        EXPECT_EQ(n.text(1), c.name) << c.text;
+    }
 }
 
 TEST(Tokenizer, EveryErrorNumber)
@@ -137,32 +138,35 @@ TEST(Tokenizer, EveryErrorNumber)
 
 TEST(WktWalk, ParseErrorsOfUnitAndAuthority)
 {
-    std::string message;
-    EXPECT_EQ(unit_error(nullptr, &message), 456u);
-    EXPECT_EQ(message, "Null WKT string");
-    EXPECT_EQ(unit_error("UNIT[\"m\"]"), 459u);
-    EXPECT_EQ(unit_error("UNIT[\"m\",AUTHORITY[\"EPSG\",9001]]"), 455u);
-    EXPECT_EQ(unit_error("UNIT[\"m\",0]", &message), 422u);
-    EXPECT_EQ(message, "Unit factor (0) in WKT string is <= 0");
-    EXPECT_EQ(unit_error("UNIT[\"m\",1,AUTHORITY[\"EPSG\",9001],AUTHORITY[\"EPSG\",9001]]", &message),
-              403u);
-    EXPECT_EQ(message, "Duplicate authority in WKT string");
-    EXPECT_EQ(unit_error("UNIT[\"m\",1,AUTHORITY[\"EPSG\",0]]"), 311u);
-    EXPECT_EQ(unit_error("UNIT[\"m\",1,AUTHORITY[\"EPSG\"]]"), 459u);
-    EXPECT_EQ(unit_error("UNIT[[\"m\"],1]"), 455u);
+    const struct {
+        const char *text;
+        unsigned int number;
+        const char *message; // null: not compared
+    } cases[] = {
+        {nullptr, 456, "Null WKT string"},
+        {"UNIT[\"m\"]", 459, nullptr},
+        {"UNIT[\"m\",AUTHORITY[\"EPSG\",9001]]", 455, nullptr},
+        {"UNIT[\"m\",0]", 422, "Unit factor (0) in WKT string is <= 0"},
+        {"UNIT[\"m\",1,AUTHORITY[\"EPSG\",9001],AUTHORITY[\"EPSG\",9001]]", 403,
+         "Duplicate authority in WKT string"},
+        {"UNIT[\"m\",1,AUTHORITY[\"EPSG\"]]", 459, nullptr},
+    };
+    for (const auto &c : cases) {
+        std::string message;
+        EXPECT_EQ(unit_error(c.text, &message), c.number) << (c.text ? c.text : "null");
+        if (c.message != nullptr) {
+            EXPECT_EQ(message, c.message);
+        }
+    }
 
     // Token errors reported through the entry point carry category 16 and its function name.
     gx_err_rec err;
     EXPECT_EQ(gx_unit_from_string_errext("   ", &err), nullptr);
     EXPECT_EQ(err.number, 466u); // the keyword is looked for first
     EXPECT_EQ(gx_unit_from_string_errext("UNIT[\"m,1]", &err), nullptr);
-    EXPECT_EQ(err.level, 2u);
-    EXPECT_EQ(err.category, 16u);
-    EXPECT_EQ(err.number, 469u);
-    EXPECT_STREQ(err.function, "gx_unit_from_string");
+    expect_error(err, 2, 16, 469, "gx_unit_from_string", nullptr);
 
     // The walk's own start check.
-    tokens t("UNIT[\"m\",1]");
     EXPECT_EQ(gx_object_from_string_by_type_errext(0x1234, "UNIT[\"m\",1]", &err), nullptr);
     EXPECT_EQ(err.number, 426u);
     EXPECT_STREQ(err.message, "Invalid object type (001234)");
@@ -219,7 +223,7 @@ TEST(WktWalk, GenericEntryPointsPickTheType)
     EXPECT_STREQ(err.function, "gx_object_from_string");
 }
 
-TEST(NumberText, WrittenForms)
+TEST(NumberText, WrittenAndReadForms)
 {
     EXPECT_EQ(dtoa(6378137.0), "6378137.0");
     EXPECT_EQ(dtoa(298.257223563), "298.257223563");
@@ -235,6 +239,11 @@ TEST(NumberText, WrittenForms)
     char buf[8];
     EXPECT_EQ(gx_dtoa(1.0, nullptr, 16), nullptr);
     EXPECT_STREQ(gx_dtoa(1.0, buf, 16), "1.0");
+
+    EXPECT_EQ(gx_atod(nullptr), 0.0);
+    EXPECT_EQ(gx_atod(""), 0.0);
+    EXPECT_EQ(gx_atod("2.5xyz"), 2.5);
+    EXPECT_EQ(gx_get_decimal_point_char(), '.');
 }
 
 TEST(NumberText, IndependentOfTheLocale)
@@ -257,12 +266,4 @@ TEST(NumberText, IndependentOfTheLocale)
         const double unit15 = std::pow(10.0, std::floor(std::log10(std::fabs(value))) - 14);
         ASSERT_LE(std::fabs(back - value), unit15) << dtoa(value);
     }
-}
-
-TEST(NumberText, Reading)
-{
-    EXPECT_EQ(gx_atod(nullptr), 0.0);
-    EXPECT_EQ(gx_atod(""), 0.0);
-    EXPECT_EQ(gx_atod("2.5xyz"), 2.5);
-    EXPECT_EQ(gx_get_decimal_point_char(), '.');
 }

@@ -5,19 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace {
 
 // Routines of the test's own, to tell routines apart.
 int test_horizon(const double *, const double *, int, double *) { return 0; }
 int test_setup(gx_constants *, const double *, const double *) { return 1; }
-
-std::string text_of(const gx_projection *p, int options)
-{
-    char buf[GX_TEXT_LEN];
-    return gx_projection_to_string_ext(p, options, buf);
-}
 
 } // namespace
 
@@ -46,27 +38,6 @@ TEST(Projection, NewTakesItsRoutinesOrThoseOfTheRegistryRow)
     EXPECT_EQ(gx_projection_pcsconstfunc(p), albers->pcsconstfunc);
     EXPECT_EQ(gx_projection_code(p), -1); // the code follows the name as written
     gx_projection_del(p);
-}
-
-TEST(Projection, NewWithoutRoutinesOrRow)
-{
-    gx_err_rec err;
-    EXPECT_EQ(gx_projection_new_errext("Unknown", gx_prj_null_fwd, nullptr, nullptr, &err),
-              nullptr);
-    EXPECT_EQ(err.level, unsigned{GX_ERRLVL_ERROR});
-    EXPECT_EQ(err.category, unsigned{GX_ERRCAT_ARGUMENT});
-    EXPECT_EQ(err.number, 340u);
-    EXPECT_STREQ(err.message, "Null forward or inverse function argument");
-    EXPECT_STREQ(err.function, "gx_projection_new");
-    EXPECT_EQ(gx_projection_new_extended_errext(nullptr, nullptr, nullptr, nullptr, nullptr,
-                                                nullptr, nullptr, nullptr, &err),
-              nullptr);
-    EXPECT_EQ(err.number, 340u);
-
-    message_recorder recorder;
-    EXPECT_EQ(gx_projection_new("Unknown", nullptr, nullptr, nullptr), nullptr);
-    ASSERT_EQ(recorder.received.size(), 1u);
-    EXPECT_EQ(recorder.received[0].number, 340u);
 }
 
 TEST(Projection, AccessorsGiveNeutralRoutinesForInvalidObjects)
@@ -113,29 +84,10 @@ TEST(Projection, EqualityAndClone)
         gx_projection_del(p);
 }
 
-TEST(Projection, WktRoundTripWithEachOption)
+TEST(Projection, WktRoundTripsAndErrors)
 {
-    gx_projection *p = gx_projlist_projection_from_code(43006, nullptr);
-    const std::string plain = "PROJECTION[\"Transverse_Mercator\"]";
-    const std::string with_authority =
-        "PROJECTION[\"Transverse_Mercator\",AUTHORITY[\"TAVU\",43006]]";
-    EXPECT_EQ(text_of(p, 0), plain);
-    EXPECT_EQ(text_of(p, 1), with_authority);
-    EXPECT_EQ(text_of(p, 2), with_authority);
-    for (int options : {0, 1, 2}) {
-        SCOPED_TRACE(options);
-        gx_err_rec err;
-        gx_projection *parsed = gx_projection_from_string_errext(text_of(p, options).c_str(), &err);
-        ASSERT_NE(parsed, nullptr) << err.message;
-        EXPECT_EQ(gx_projection_status(parsed), unsigned{GX_STATUS_STRING});
-        EXPECT_EQ(gx_projection_code(parsed), 43006);
-        EXPECT_EQ(gx_projection_eq(parsed, p), 1);
-        EXPECT_EQ(text_of(parsed, options), text_of(p, options));
-        gx_projection_del(parsed);
-    }
-    gx_projection_del(p);
-
-    // Through the generic entry point; an authority in the text is kept as written.
+    // The registry gives the code; an authority in the text is kept as written.
+    expect_round_trips("PROJECTION[\"Transverse_Mercator\",AUTHORITY[\"TAVU\",43006]]");
     void *generic = gx_object_from_string("projection[\"gauss_kruger\",AUTHORITY[\"X\",5]]");
     ASSERT_NE(generic, nullptr);
     EXPECT_EQ(gx_object_code(generic), 43005);
@@ -143,10 +95,7 @@ TEST(Projection, WktRoundTripWithEachOption)
     EXPECT_STREQ(gx_object_to_string_ext(generic, 1, buf),
                  "PROJECTION[\"gauss_kruger\",AUTHORITY[\"X\",5]]");
     gx_object_del(generic);
-}
 
-TEST(Projection, WktErrors)
-{
     gx_err_rec err;
     EXPECT_EQ(gx_projection_from_string_errext("PROJECTION[\"No_Such\"]", &err), nullptr);
     EXPECT_EQ(err.number, 340u); // no routines for an unknown name

@@ -1,12 +1,10 @@
-// The transformation types as objects: methods from their registries, constructor checks (a
-// failed constructor leaves the caller its parts), comparison, deep clones that start without
-// constants, and the constants life cycle.
+// The transformation types as objects: methods from their registries, comparison, deep clones
+// that start without constants, and the constants life cycle.
 #include "gridex.h"
-#include "object/gx_transforms_samples.h"
+#include "gx_samples.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 using samples::make_geogcs;
@@ -35,130 +33,6 @@ TEST(Methods, RoutinesAndCodeComeFromTheRegistryByName)
     EXPECT_EQ(gx_method_code(copy), 9607);
     for (void *obj : {(void *)method, (void *)offset, (void *)slope, (void *)other, (void *)copy})
         gx_object_del(obj);
-
-    // A name no registry row has needs its routines.
-    gx_err_rec err;
-    EXPECT_EQ(gx_method_new_errext("Nonsense", gx_mth_null_fwd, nullptr, &err), nullptr);
-    EXPECT_EQ(err.number, 340u);
-    EXPECT_STREQ(err.function, "gx_method_new");
-    EXPECT_STREQ(err.message, "Null forward or inverse function argument");
-    EXPECT_EQ(gx_htmethod_new_errext("Nonsense", nullptr, nullptr, &err), nullptr);
-    EXPECT_STREQ(err.message, "Null forward or inverse function arument");
-    EXPECT_EQ(gx_vtmethod_new_extended("Nonsense", nullptr, nullptr, nullptr, 0, &err), nullptr);
-    EXPECT_STREQ(err.message, "Null forward or inverse function argument");
-}
-
-namespace {
-
-// Valid parts to hand to constructors; whatever no constructor took is deleted at the end.
-struct parts {
-    gx_geogcs *geogcs = make_geogcs();
-    gx_projcs *projcs = samples::make_projcs({{"Central_Meridian", 15.0}});
-    gx_method *method = gx_method_new("Geocentric_Translation", nullptr, nullptr);
-    gx_vertcs *vertcs = make_vertcs_in("Meter", 1.0, 0.0, 1.0);
-    gx_vtmethod *egm96 = gx_vtmethod_new("EGM96", nullptr, nullptr);
-    gx_vtmethod *offset = gx_vtmethod_new("Vertical_Offset", nullptr, nullptr);
-    gx_vtmethod *needs_projected = gx_vtmethod_new_extended(
-        "Local", gx_vtm_vertical_offset_fwd, gx_vtm_vertical_offset_inv, nullptr, GX_TYPE_PROJCS,
-        nullptr);
-    gx_htmethod *htmethod = gx_htmethod_new("Affine_Parametric", nullptr, nullptr);
-    gx_array *array = gx_array_new("A", 1, &one);
-    gx_unit *unit = gx_unit_new("Meter", 1.0);
-    gx_parameter *parameters[16] = {gx_parameter_new("X_Axis_Translation", 1.0)};
-    static constexpr double one = 1.0;
-    ~parts()
-    {
-        for (void *obj : {(void *)geogcs, (void *)projcs, (void *)method, (void *)vertcs,
-                          (void *)egm96, (void *)offset, (void *)needs_projected,
-                          (void *)htmethod, (void *)array, (void *)unit, (void *)parameters[0]})
-            gx_object_del(obj);
-    }
-};
-
-} // namespace
-
-TEST(Transformations, ConstructorsCheckTheirArguments)
-{
-    using make = std::function<void *(parts &, gx_err_rec *)>;
-    const struct {
-        make call;
-        const char *function;
-        unsigned int number;
-        const char *message;
-    } cases[] = {
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogtran_new_errext("t", nullptr, p.geogcs, p.method, p.parameters, e);
-         }, "gx_geogtran_new", 332, "Null or invalid geogcs1 object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogtran_new_errext("t", p.geogcs, (gx_geogcs *)p.projcs, p.method,
-                                           p.parameters, e);
-         }, "gx_geogtran_new", 333, "Null or invalid geogcs2 object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogtran_new_errext("t", p.geogcs, p.geogcs, (gx_method *)p.egm96,
-                                           p.parameters, e);
-         }, "gx_geogtran_new", 335, "Null or invalid method object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_geogtran_new_errext("t", p.geogcs, p.geogcs, p.method, nullptr, e);
-         }, "gx_geogtran_new", 330, "Null parameters array argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", p.unit, p.vertcs, p.vertcs, p.offset,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 338, "Invalid coordsys object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", nullptr, nullptr, p.vertcs, p.offset,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 341, "Null or invalid vertcs1 object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", nullptr, p.vertcs, nullptr, p.offset,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 342, "Null or invalid vertcs2 object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, nullptr,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 343, "Null or invalid vtmethod object argument"},
-        // A geoid grid is read at longitude and latitude: it needs a geographic system, and a
-        // method of a projected system needs a projected one.
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", p.projcs, p.vertcs, p.vertcs, p.egm96,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 312, "Invalid coordsys type for vtmethod"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, p.egm96,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 312, "Invalid coordsys type for vtmethod"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", p.geogcs, p.vertcs, p.vertcs, p.needs_projected,
-                                           p.parameters, e);
-         }, "gx_verttran_new", 312, "Invalid coordsys type for vtmethod"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, p.offset, nullptr,
-                                           e);
-         }, "gx_verttran_new", 330, "Null parameters array argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_adjhcs_new_errext("a", p.vertcs, p.htmethod, p.array, p.unit, e);
-         }, "gx_adjhcs_new", 338, "Null or invalid coordsys object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_adjhcs_new_errext("a", p.projcs, (gx_htmethod *)p.method, p.array,
-                                         p.unit, e);
-         }, "gx_adjhcs_new", 336, "Null or invalid htmethod object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_adjhcs_new_errext("a", p.projcs, p.htmethod, nullptr, p.unit, e);
-         }, "gx_adjhcs_new", 325, "Null or invalid array object argument"},
-        {[](parts &p, gx_err_rec *e) {
-             return gx_adjhcs_new_errext("a", p.projcs, p.htmethod, p.array, nullptr, e);
-         }, "gx_adjhcs_new", 324, "Null or invalid unit object argument"},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.message);
-        parts p; // the failed constructor leaves them to their owner, who deletes them
-        gx_err_rec err;
-        EXPECT_EQ(c.call(p, &err), nullptr);
-        EXPECT_EQ(err.level, unsigned(GX_ERRLVL_ERROR));
-        EXPECT_EQ(err.category, unsigned(GX_ERRCAT_ARGUMENT));
-        EXPECT_EQ(err.number, c.number);
-        EXPECT_STREQ(err.function, c.function);
-        EXPECT_STREQ(err.message, c.message);
-    }
 }
 
 TEST(Transformations, ComparisonAndDeepClones)
