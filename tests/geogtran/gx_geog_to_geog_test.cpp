@@ -3,7 +3,7 @@
 // radians and ratios; longitude rotations turn between two meridians of one datum; grid
 // methods get their loaded nodes and dataset and no meridian shift; refusals leave the points.
 #include "gridex.h"
-#include "object/gx_transforms_samples.h"
+#include "object/gx_samples.h"
 
 #include <gtest/gtest.h>
 

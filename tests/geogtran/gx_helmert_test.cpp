@@ -52,17 +52,9 @@ const Helmert7 kED50Norway{
 const Helmert7 kED50NorthSea{"ED50 to WGS 84 (18), 1311", -89.5, -93.8, -123.1, 0, 0, -0.156, 1.2};
 // Published with its rotations in microradians.
 constexpr double kMicroradian = 1e-6 / kArcSec; // in arc-seconds
-const Helmert7 kAmersfoort{"Amersfoort to ETRS89 (2), 1066",
-                           593.032,
-                           26.0,
-                           478.741,
-                           1.9848 * kMicroradian,
-                           -1.7439 * kMicroradian,
-                           9.0587 * kMicroradian,
-                           4.0772,
-                           3903453.148,
-                           368135.313,
-                           5012970.306};
+const Helmert7 kAmersfoort{"Amersfoort to ETRS89 (2), 1066", 593.032, 26.0, 478.741,
+                           1.9848 * kMicroradian, -1.7439 * kMicroradian, 9.0587 * kMicroradian,
+                           4.0772, 3903453.148, 368135.313, 5012970.306};
 // Rotations of degrees, far beyond any datum shift: the exact matrix must still hold.
 const Helmert7 kLarge{
     "rotations of 2, -3 and 5 degrees", 1200.0, -800.0, 450.0, 7200.0, -10800.0, 18000.0, 25.0};

@@ -1,20 +1,17 @@
 // The method and htmethod registries: lookups by code and by name, code stamps, and the
 // factories with their errors.
 #include "gridex.h"
+#include "object/gx_test_support.h"
 
 #include <gtest/gtest.h>
 
 TEST(MethodRegistry, LookupsByNameIgnoreCaseAndSeparators)
 {
-    EXPECT_EQ(gx_methlist_from_name("ntv2"), gx_methlist_from_code(9615));
-    EXPECT_STREQ(gx_methlist_from_code(109607)->authority, "TAVU");
-    EXPECT_EQ(gx_methlist_from_code(109607)->inverse, &gx_coordinate_frame_inv);
     EXPECT_EQ(gx_methlist_from_name("molodensky-abridged"), gx_methlist_from_code(9605));
     EXPECT_EQ(gx_methlist_from_name("Molodensky Abridged"), nullptr);
     EXPECT_EQ(gx_methlist_from_name(nullptr), nullptr);
     EXPECT_EQ(gx_methlist_from_code(0), nullptr);
     EXPECT_EQ(gx_htmethlist_from_name("2d_projective_parametric"), gx_htmethlist_from_code(119625));
-    EXPECT_EQ(gx_htmethlist_from_code(119624)->inverse, &gx_affine_parametric_inv);
 }
 
 TEST(MethodRegistry, SetCodeStampsFromTheObjectsOwnName)
@@ -41,12 +38,11 @@ TEST(MethodRegistry, FactoriesMakeObjectsFromRows)
     ASSERT_NE(by_code, nullptr);
     EXPECT_EQ(gx_method_status(by_code), unsigned(GX_STATUS_CODE));
     EXPECT_EQ(gx_method_forward(by_code), &gx_position_vector_fwd);
-    char name[GX_NAME_LEN];
-    EXPECT_STREQ(gx_method_name(by_code, name), "Position_Vector");
     gx_method *by_name = gx_methlist_method_from_name("position_vector", nullptr);
     ASSERT_NE(by_name, nullptr);
     EXPECT_EQ(gx_method_status(by_name), unsigned(GX_STATUS_STRING));
     EXPECT_EQ(gx_method_code(by_name), 9606);
+    char name[GX_NAME_LEN];
     EXPECT_STREQ(gx_method_name(by_name, name), "Position_Vector");
     gx_htmethod *fit = gx_htmethlist_htmethod_from_code(119625, nullptr);
     EXPECT_EQ(gx_htmethod_forward(fit), &gx_projective_parametric_fwd);
@@ -78,11 +74,7 @@ TEST(MethodRegistry, FactoryErrors)
     for (const auto &c : cases) {
         gx_err_rec err;
         EXPECT_EQ(c.call(&err), nullptr);
-        EXPECT_EQ(err.level, unsigned(GX_ERRLVL_ERROR));
-        EXPECT_EQ(err.category, c.category);
-        EXPECT_EQ(err.number, c.number);
-        EXPECT_STREQ(err.function, c.function);
-        EXPECT_STREQ(err.message, c.message);
+        expect_error(err, GX_ERRLVL_ERROR, c.category, c.number, c.function, c.message);
         EXPECT_EQ(c.call(nullptr), nullptr);
     }
 }

@@ -1,5 +1,4 @@
-// The affine and projective plane fits (values, inverses, singular fits), the longitude
-// rotation and the identity routines.
+// The affine and projective plane fits: values, inverses, singular fits and the identity.
 #include "gridex.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +8,6 @@
 #include <vector>
 
 namespace {
-
-constexpr double kDeg = 3.14159265358979323846 / 180.0;
 
 // Plane points over a 100 km square around a false origin.
 std::vector<double> plane_points() {
@@ -92,36 +89,8 @@ TEST(PlaneFit, SingularFitsHaveNoInverse) {
     std::vector<double> p = {1.0, 2.0};
     EXPECT_EQ(gx_affine_parametric_fwd(nullptr, affine_singular, 1, p.data()), 1);
     EXPECT_EQ(p, (std::vector<double>{11.0, 8.0}));
-}
-
-// Paris to Greenwich longitudes: the prime meridian difference is added and the result reduced
-// to [-pi, pi]; latitude and height stay.
-TEST(LongitudeRotation, TurnsAndReducesTheLongitudeOnly) {
-    double parms[16] = {};
-    parms[5] = 2.33722917 * kDeg;
-    std::vector<double> p = {0.0, 48.8 * kDeg, 178.5 * kDeg, -10.0 * kDeg};
-    double heights[2] = {35.0, -4.0};
-    EXPECT_EQ(gx_longitude_rotation_ccw(nullptr, nullptr, parms, nullptr, 2, p.data(), heights,
-                                        nullptr, nullptr, nullptr),
-              2);
-    EXPECT_DOUBLE_EQ(p[0], 2.33722917 * kDeg);
-    EXPECT_EQ(p[1], 48.8 * kDeg);
-    EXPECT_NEAR(p[2], (178.5 + 2.33722917 - 360.0) * kDeg, 1e-15);
-    EXPECT_EQ(p[3], -10.0 * kDeg);
-    EXPECT_EQ(heights[0], 35.0);
-    EXPECT_EQ(heights[1], -4.0);
-}
-
-TEST(NullRoutines, ReturnTheCountAndTouchNothing) {
-    std::vector<double> p = {1.0, 2.0, 3.0, 4.0};
-    double heights[2] = {5.0, 6.0};
-    EXPECT_EQ(gx_mth_null_fwd(nullptr, nullptr, nullptr, nullptr, 2, p.data(), heights, nullptr,
-                              nullptr, nullptr),
-              2);
-    EXPECT_EQ(gx_htm_null_inv(nullptr, nullptr, 2, p.data()), 2);
-    EXPECT_EQ(p, (std::vector<double>{1.0, 2.0, 3.0, 4.0}));
-    EXPECT_EQ(heights[0], 5.0);
-    EXPECT_EQ(heights[1], 6.0);
+    EXPECT_EQ(gx_htm_null_inv(nullptr, nullptr, 1, p.data()), 1); // the identity
+    EXPECT_EQ(p, (std::vector<double>{11.0, 8.0}));
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 // run by hand; heights go only to steps that ask for them; a short step stops the chain; a list
 // that refused an addition stays invalid and never touches the points.
 #include "gridex.h"
-#include "object/gx_transforms_samples.h"
+#include "object/gx_samples.h"
 
 #include <gtest/gtest.h>
 
@@ -120,7 +120,7 @@ TEST(Translist, HeightsAndShortSteps)
     gx_geogtran_del(second);
 }
 
-TEST(Translist, AnInvalidAdditionSpoilsTheListForGood)
+TEST(Translist, AnInvalidAdditionSpoilsTheListForGoodAndNonListsAreRefused)
 {
     first_step = {};
     gx_geogtran *step = logged_geogtran(first_fwd);
@@ -140,18 +140,14 @@ TEST(Translist, AnInvalidAdditionSpoilsTheListForGood)
     gx_translist_del(list);
     gx_spheroid_del(not_a_step);
     gx_geogtran_del(step);
-}
 
-TEST(Translist, EmptyListsAndThingsThatAreNotLists)
-{
+    // An empty list converts nothing; what is not a list is refused and not deleted.
     gx_translist *empty = gx_translist_new();
-    double points[2] = {1.0, 2.0};
     EXPECT_EQ(gx_translist_transform_coords(empty, 1, points, nullptr), 0);
     gx_translist_del(empty);
-
     alignas(8) unsigned int not_a_list[8] = {};
     auto *fake = reinterpret_cast<gx_translist *>(not_a_list);
     EXPECT_EQ(gx_translist_p(fake), 0);
     EXPECT_EQ(gx_translist_add_transformation(fake, nullptr, 0, 0), -1);
-    gx_translist_del(fake); // ignored
+    gx_translist_del(fake);
 }
