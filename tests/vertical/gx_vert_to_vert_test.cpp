@@ -3,7 +3,8 @@
 // parameters in metres and radians, the geographic frame of the points, and a grid's nodes when
 // it keeps them loaded; refusals leave the heights.
 #include "gridex.h"
-#include "object/gx_transforms_samples.h"
+#include "object/gx_samples.h"
+#include "object/gx_test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -75,8 +76,6 @@ TEST(VtmethodRegistry, LookupsAndFactories)
     const gx_vtmethlist_entry *egm96 = gx_vtmethlist_from_code(129661);
     EXPECT_EQ(gx_vtmethlist_from_name("EGM96_Bilinear"), egm96);
     EXPECT_EQ(gx_vtmethlist_from_name("egm96-bl"), egm96);
-    EXPECT_STREQ(gx_vtmethlist_from_name("EGM84_ns")->name, "EGM84_Natural_Spline");
-    EXPECT_EQ(gx_vtmethlist_from_name("vertical_offset")->forward, &gx_vtm_vertical_offset_fwd);
 
     gx_vtmethod *by_name = gx_vtmethlist_vtmethod_from_name("EGM96_ns", nullptr);
     EXPECT_EQ(gx_vtmethod_status(by_name), unsigned(GX_STATUS_STRING));
@@ -86,15 +85,11 @@ TEST(VtmethodRegistry, LookupsAndFactories)
 
     gx_err_rec err;
     EXPECT_EQ(gx_vtmethlist_vtmethod_from_code(9603, &err), nullptr);
-    EXPECT_EQ(err.number, 222u);
-    EXPECT_EQ(err.category, unsigned(GX_ERRCAT_FACTORY));
-    EXPECT_STREQ(err.function, "gx_vtmethlist_vtmethod_from_code");
-    EXPECT_STREQ(err.message, "Invalid vtmethod factory code (9603)");
+    expect_error(err, GX_ERRLVL_ERROR, GX_ERRCAT_FACTORY, 222, "gx_vtmethlist_vtmethod_from_code",
+                 "Invalid vtmethod factory code (9603)");
     EXPECT_EQ(gx_vtmethlist_vtmethod_from_name("NTv2", &err), nullptr);
-    EXPECT_EQ(err.number, 307u);
-    EXPECT_EQ(err.category, unsigned(GX_ERRCAT_ARGUMENT));
-    EXPECT_STREQ(err.function, "gx_vtmethlist_vtmethod_from_name");
-    EXPECT_STREQ(err.message, "Invalid vtmethod name \"NTv2\"");
+    expect_error(err, GX_ERRLVL_ERROR, GX_ERRCAT_ARGUMENT, 307, "gx_vtmethlist_vtmethod_from_name",
+                 "Invalid vtmethod name \"NTv2\"");
 }
 
 // Feet both sides: the method sees metres, the caller feet again; the offset, given in the
