@@ -9,9 +9,11 @@
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 // ---- numbers ------------------------------------------------------------------------------------
 
@@ -193,28 +195,54 @@ char *gx_dtoa(double value, char *buf, int digits)
 
 namespace {
 
-// The length of a text that is a plain decimal number as a whole, or 0: an optional '-', digits,
-// and optionally a '.' with digits after it.  Up to 100 characters, far from overflow and
-// underflow, its value is what strtod reads under any locale whose decimal point is one
-// character, and std::from_chars (correctly rounded, like strtod when rounding to nearest) reads
-// it without the locale.
-std::size_t plain_decimal_length(const char *text)
+// Whole numbers up to 2^53 and powers of ten up to 1e22 are exact doubles, and one division
+// rounds the quotient of two exact doubles correctly: for a decimal of up to 15 digits (point
+// left out) and up to 22 decimals, digits / 10^decimals is the double strtod reads.
+constexpr double exact_powers_of_ten[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                          1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                          1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::uint64_t exact_whole_limit = std::uint64_t{1} << 53;
+
+// Reads a text that is a plain decimal number as a whole: an optional '-', digits, and
+// optionally a '.' with digits after it.  Up to 100 characters, far from overflow and underflow,
+// its value is what strtod reads under any locale whose decimal point is one character, and
+// std::from_chars (correctly rounded, like strtod when rounding to nearest) reads it without
+// the locale.  Returns false, reading nothing, for any other text.
+bool read_plain_decimal(const char *text, double &value)
 {
     constexpr std::size_t longest = 100;
-    std::size_t i = text[0] == '-' ? 1 : 0;
-    const std::size_t digits_start = i;
-    while (gx::is_ascii_digit(text[i]))
-        ++i;
-    if (i == digits_start)
-        return 0;
+    const bool negative = text[0] == '-';
+    std::size_t i = negative ? 1 : 0;
+    std::uint64_t whole = 0; // the digits without the point, while `exact`
+    bool exact = true;
+    const auto take_digits = [&] {
+        const std::size_t first = i;
+        for (; gx::is_ascii_digit(text[i]); ++i) {
+            if (whole <= (exact_whole_limit - 9) / 10)
+                whole = whole * 10 + static_cast<std::uint64_t>(text[i] - '0');
+            else
+                exact = false;
+        }
+        return i > first;
+    };
+    if (!take_digits())
+        return false;
+    std::size_t decimals = 0;
     if (text[i] == '.') {
-        const std::size_t fraction_start = ++i;
-        while (gx::is_ascii_digit(text[i]))
-            ++i;
-        if (i == fraction_start)
-            return 0;
+        const std::size_t point = i++;
+        if (!take_digits())
+            return false;
+        decimals = i - point - 1;
     }
-    return text[i] == '\0' && i <= longest ? i : 0;
+    if (text[i] != '\0' || i > longest)
+        return false;
+    if (exact && decimals < std::size(exact_powers_of_ten)) {
+        const double magnitude = static_cast<double>(whole) / exact_powers_of_ten[decimals];
+        value = negative ? -magnitude : magnitude;
+    } else {
+        std::from_chars(text, text + i, value);
+    }
+    return true;
 }
 
 } // namespace
@@ -223,13 +251,8 @@ double gx_atod(const char *text)
 {
     if (text == nullptr || text[0] == '\0')
         return 0.0;
-    if (rounds_to_nearest()) {
-        if (const std::size_t length = plain_decimal_length(text); length > 0) {
-            double value = 0.0;
-            std::from_chars(text, text + length, value);
-            return value;
-        }
-    }
+    if (double value = 0.0; rounds_to_nearest() && read_plain_decimal(text, value))
+        return value;
     const char point = gx_get_decimal_point_char();
     if (point == '.')
         return std::strtod(text, nullptr);
@@ -261,12 +284,29 @@ int fail(gx_token_list *list, unsigned int level, unsigned int number, const cha
 constexpr int max_text = GX_TEXT_LEN - 1;
 const char expecting_message[] = "Expecting ',' or ']' in WKT string";
 
+int too_long(gx_token_list *list)
+{
+    return fail(list, GX_ERRLVL_ERROR, 467, "WKT string length exceeds %d characters", max_text);
+}
+
+// The characters copied as they come, quoted or not: letters, digits, and the punctuation that
+// names and numbers are made of unless the current locale counts it as white space.
+std::array<bool, 256> plain_characters()
+{
+    std::array<bool, 256> plain = gx::ascii_alnum_table;
+    for (unsigned char c : {'_', '.', '-', '+'})
+        plain[c] = !gx::locale_classes::is_space(static_cast<char>(c));
+    return plain;
+}
+
 // Copies `text` into list->text in normalized form: parentheses become square brackets, white
 // space outside quotes is dropped and inside quotes folded to single blanks (none next to the
 // quotes), and everything after the outermost closing bracket is ignored.  Returns the bracket
 // depth left open, or -1 after an error.
 int normalize(gx_token_list *list, const char *text)
 {
+    const std::array<bool, 256> plain = plain_characters();
+    const auto is_plain = [&plain](char c) { return plain[static_cast<unsigned char>(c)]; };
     gx::remembered_classes classes;
     const auto is_space = [&classes](char c) { return classes.is_space(c); };
     char *out = list->text;
@@ -277,14 +317,13 @@ int normalize(gx_token_list *list, const char *text)
     out[length++] = *text++;
     for (;; ++text) {
         char c = *text;
-        if (gx::is_ascii_alnum(c)) { // most of a text: runs copied as they come, quoted or not
+        if (is_plain(c)) { // most of a text
             if (!quoted && out[length - 1] == ']')
                 return fail(list, GX_ERRLVL_ERROR, 458, expecting_message);
             int run = 0;
-            for (; gx::is_ascii_alnum(text[run]); ++run) {
+            for (; is_plain(text[run]); ++run) {
                 if (length >= max_text)
-                    return fail(list, GX_ERRLVL_ERROR, 467,
-                                "WKT string length exceeds %d characters", max_text);
+                    return too_long(list);
                 out[length++] = text[run];
             }
             text += run - 1; // the loop's step goes past the run
@@ -299,8 +338,7 @@ int normalize(gx_token_list *list, const char *text)
 
         if (c == '"') {
             if (length >= max_text)
-                return fail(list, GX_ERRLVL_ERROR, 467, "WKT string length exceeds %d characters",
-                            max_text);
+                return too_long(list);
             if (!quoted && out[length - 1] == ']')
                 return fail(list, GX_ERRLVL_ERROR, 458, expecting_message);
             if (quoted) // the name's own blanks end before the closing quote
@@ -319,8 +357,7 @@ int normalize(gx_token_list *list, const char *text)
         }
         if (quoted) {
             if (length >= max_text)
-                return fail(list, GX_ERRLVL_ERROR, 467, "WKT string length exceeds %d characters",
-                            max_text);
+                return too_long(list);
             out[length++] = is_space(c) ? ' ' : c;
             continue;
         }
@@ -331,8 +368,7 @@ int normalize(gx_token_list *list, const char *text)
         if (out[length - 1] == ']' && c != ']' && c != ',')
             return fail(list, GX_ERRLVL_ERROR, 458, expecting_message);
         if (length >= max_text)
-            return fail(list, GX_ERRLVL_ERROR, 467, "WKT string length exceeds %d characters",
-                        max_text);
+            return too_long(list);
         out[length++] = c;
         if (c == '[') {
             ++depth;

@@ -128,17 +128,17 @@ bool read_body(wkt_parse &parse, int index, remembered_classes &classes)
             parse.error(460, "Invalid object level in WKT string");
             return false;
         }
-        const int after = wkt_object_end(parse.list, index);
         const wkt_sub *sub = find_sub(grammar, token.text, classes);
         if (sub == nullptr) {
+            const int after = wkt_object_end(parse.list, index);
             if (grammar.collect_rest && after == index + 1)
                 parse.rest[parse.rest_count++] = token.text;
             index = after;
             continue;
         }
-        int next = after;
+        int next = index; // the sub-type's parser finds the end of its object
         gx_object_header *obj = sub->parse(parse.list, index, &next, parse.caller_err);
-        index = next > index ? next : after;
+        index = next > index ? next : wkt_object_end(parse.list, index);
         bool taken = false;
         if (obj == nullptr) {
             // the sub-type's parser has reported
@@ -249,6 +249,8 @@ void *object_from_string(const type_desc &desc, const char *text, gx_err_rec *er
 
 const char *synonym_lookup(const synonym *table, const char *name)
 {
+    if (table->old_name == nullptr)
+        return name;
     remembered_classes classes;
     loose_name wanted(name, classes);
     for (const synonym *row = table; row->old_name != nullptr; ++row)

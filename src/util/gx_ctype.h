@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cctype>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -158,18 +159,19 @@ private:
     int first_;
 };
 
-// The same for gx_strcmp_i.
+// The same for gx_strcmp_i, which compares byte by byte: equal names are equally long.
 class caseless_name {
 public:
     caseless_name(const char *name, remembered_classes &classes)
-        : name_(name != nullptr ? name : ""), classes_(classes), first_(first_upper(name_))
+        : name_(name != nullptr ? name : ""), classes_(classes), first_(first_upper(name_)),
+          length_(std::strlen(name_))
     {
     }
 
     bool matches(const char *other)
     {
         other = other != nullptr ? other : "";
-        return first_upper(other) == first_ &&
+        return first_upper(other) == first_ && std::strlen(other) == length_ &&
                (std::strcmp(name_, other) == 0 || compare_ignoring_case(name_, other, classes_) == 0);
     }
 
@@ -179,6 +181,7 @@ private:
     const char *name_;
     remembered_classes &classes_;
     int first_;
+    std::size_t length_;
 };
 
 } // namespace gx
