@@ -320,12 +320,14 @@ int normalize(gx_token_list *list, const char *text)
         if (is_plain(c)) { // most of a text
             if (!quoted && out[length - 1] == ']')
                 return fail(list, GX_ERRLVL_ERROR, 458, expecting_message);
-            int run = 0;
-            for (; is_plain(text[run]); ++run) {
-                if (length >= max_text)
-                    return too_long(list);
-                out[length++] = text[run];
-            }
+            int run = 1;
+            while (is_plain(text[run]))
+                ++run;
+            const int fits = run < max_text - length ? run : max_text - length;
+            std::memcpy(out + length, text, static_cast<std::size_t>(fits));
+            length += fits;
+            if (fits < run) // copied up to the limit
+                return too_long(list);
             text += run - 1; // the loop's step goes past the run
             continue;
         }
@@ -400,8 +402,8 @@ static char objstring_name(char **cursor, char **token)
     char *c = *cursor;
     if (*c == '"') {
         *token = ++c;
-        while (*c != '\0' && *c != '"')
-            ++c;
+        char *quote = std::strchr(c, '"');
+        c = quote != nullptr ? quote : c + std::strlen(c);
         if (*c == '"')
             *c++ = '\0';
     } else {

@@ -228,7 +228,7 @@ std::vector<std::string> seed_texts()
 
 std::string mutate(const std::string &text, std::mt19937 &random)
 {
-    static const char inserts[] = "[](),\"\" \t\n\v\f\rAUTHORITY0-9e._\xa0\xc3\xa9";
+    static const char inserts[] = "[](),\"\" \t\n\v\f\rAUTHORITY0-9e._+\xa0\xc3\xa9";
     std::string out = text;
     const int edits = 1 + static_cast<int>(random() % 4);
     for (int e = 0; e < edits && !out.empty(); ++e) {
