@@ -254,7 +254,7 @@ const char *synonym_lookup(const synonym *table, const char *name)
     remembered_classes classes;
     loose_name wanted(name, classes);
     for (const synonym *row = table; row->old_name != nullptr; ++row)
-        if (wanted.matches(row->old_name))
+        if (wanted.matches_by_comparison(row->old_name))
             return row->current_name;
     return name;
 }

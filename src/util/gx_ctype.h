@@ -146,6 +146,14 @@ public:
                (std::strcmp(name_, other) == 0 || loose_compare(name_, other, -1, classes_) == 0);
     }
 
+    // The same without first trying strcmp: for tables whose rows are seldom written exactly as
+    // the name (old names).
+    bool matches_by_comparison(const char *other)
+    {
+        other = other != nullptr ? other : "";
+        return first_lowered(other) == first_ && loose_compare(name_, other, -1, classes_) == 0;
+    }
+
 private:
     int first_lowered(const char *s)
     {
