@@ -52,4 +52,21 @@ int auxiliary_sphere_inverse(const AuxiliarySphereBase &base, const double spher
 
 } // namespace gx::projections
 
+/* The three exported routines of an _Auxiliary_Sphere projection over its base projection. */
+#define GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stem, base)                                         \
+    GX_API int gx_##stem##_auxs_const(gx_constants *constants, const double sphere[2],          \
+                                      const double parms[16]) {                                 \
+        return gx::projections::auxiliary_sphere_constants(base, constants, sphere, parms);     \
+    }                                                                                           \
+    GX_API int gx_##stem##_auxs_fwd(const double sphere[2], const double parms[16], int n,      \
+                                    double *coords, const int *ivals, const double *dvals) {    \
+        return gx::projections::auxiliary_sphere_forward(base, sphere, parms, n, coords, ivals, \
+                                                         dvals);                                \
+    }                                                                                           \
+    GX_API int gx_##stem##_auxs_inv(const double sphere[2], const double parms[16], int n,      \
+                                    double *coords, const int *ivals, const double *dvals) {    \
+        return gx::projections::auxiliary_sphere_inverse(base, sphere, parms, n, coords, ivals, \
+                                                         dvals);                                \
+    }
+
 #endif /* GX_PROJECTIONS_GX_AUXILIARY_SPHERE_H */

@@ -90,19 +90,6 @@ GX_API int gx_gnomonic_inv(const double sphere[2], const double parms[16], int n
     return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
 }
 
-GX_API int gx_gnomonic_auxs_const(gx_constants *constants, const double sphere[2],
-                                  const double parms[16]) {
-    return auxiliary_sphere_constants(kGnomonicBase, constants, sphere, parms);
-}
-
-GX_API int gx_gnomonic_auxs_fwd(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_forward(kGnomonicBase, sphere, parms, n, coords, ivals, dvals);
-}
-
-GX_API int gx_gnomonic_auxs_inv(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_inverse(kGnomonicBase, sphere, parms, n, coords, ivals, dvals);
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(gnomonic, kGnomonicBase)
 
 } // extern "C"

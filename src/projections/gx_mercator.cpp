@@ -119,19 +119,6 @@ GX_API int gx_mercator_inv(const double sphere[2], const double parms[16], int n
     return convert_points(n, coords, [&](double *p) { mercator.inverse(p); });
 }
 
-GX_API int gx_mercator_auxs_const(gx_constants *constants, const double sphere[2],
-                                  const double parms[16]) {
-    return auxiliary_sphere_constants(kMercatorBase, constants, sphere, parms);
-}
-
-GX_API int gx_mercator_auxs_fwd(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_forward(kMercatorBase, sphere, parms, n, coords, ivals, dvals);
-}
-
-GX_API int gx_mercator_auxs_inv(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_inverse(kMercatorBase, sphere, parms, n, coords, ivals, dvals);
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(mercator, kMercatorBase)
 
 } // extern "C"

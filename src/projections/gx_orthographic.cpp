@@ -94,19 +94,6 @@ GX_API int gx_orthographic_inv(const double sphere[2], const double parms[16], i
     return convert_points(n, coords, [&](double *p) { return projection.inverse(p); });
 }
 
-GX_API int gx_orthographic_auxs_const(gx_constants *constants, const double sphere[2],
-                                      const double parms[16]) {
-    return auxiliary_sphere_constants(kOrthographicBase, constants, sphere, parms);
-}
-
-GX_API int gx_orthographic_auxs_fwd(const double sphere[2], const double parms[16], int n,
-                                    double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_forward(kOrthographicBase, sphere, parms, n, coords, ivals, dvals);
-}
-
-GX_API int gx_orthographic_auxs_inv(const double sphere[2], const double parms[16], int n,
-                                    double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_inverse(kOrthographicBase, sphere, parms, n, coords, ivals, dvals);
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(orthographic, kOrthographicBase)
 
 } // extern "C"

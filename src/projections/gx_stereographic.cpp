@@ -143,19 +143,6 @@ GX_API int gx_stereographic_inv(const double sphere[2], const double parms[16], 
     return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
 }
 
-GX_API int gx_stereographic_auxs_const(gx_constants *constants, const double sphere[2],
-                                       const double parms[16]) {
-    return auxiliary_sphere_constants(kStereographicBase, constants, sphere, parms);
-}
-
-GX_API int gx_stereographic_auxs_fwd(const double sphere[2], const double parms[16], int n,
-                                     double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_forward(kStereographicBase, sphere, parms, n, coords, ivals, dvals);
-}
-
-GX_API int gx_stereographic_auxs_inv(const double sphere[2], const double parms[16], int n,
-                                     double *coords, const int *ivals, const double *dvals) {
-    return auxiliary_sphere_inverse(kStereographicBase, sphere, parms, n, coords, ivals, dvals);
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stereographic, kStereographicBase)
 
 } // extern "C"
