@@ -14,10 +14,12 @@ namespace {
 constexpr double kWgs84E2 = 0.0066943799901413165;
 constexpr double kClosedE2 = 0.0069;
 
-const std::vector<double> &lats() {
+const std::vector<double> &lats()
+{
     static const std::vector<double> v = [] {
         std::vector<double> r;
-        for (int i = 0; i < 1024; ++i) r.push_back((i - 511.5) / 512.0 * 1.55); // about +-88.8 deg
+        for (int i = 0; i < 1024; ++i)
+            r.push_back((i - 511.5) / 512.0 * 1.55); // about +-88.8 deg
         return r;
     }();
     return v;
@@ -26,7 +28,8 @@ const std::vector<double> &lats() {
 using Conv = double (*)(double, double, const double *);
 using Consts = void (*)(double, double *, int);
 
-void run(benchmark::State &state, Consts constants, Conv conv, double e2) {
+void run(benchmark::State &state, Consts constants, Conv conv, double e2)
+{
     double block[18];
     constants(e2, block, 0);
     const auto &v = lats();
@@ -38,7 +41,8 @@ void run(benchmark::State &state, Consts constants, Conv conv, double e2) {
     state.SetItemsProcessed(state.iterations());
 }
 
-void run_oneoff(benchmark::State &state, double (*conv)(double, double), double e2) {
+void run_oneoff(benchmark::State &state, double (*conv)(double, double), double e2)
+{
     const auto &v = lats();
     std::size_t i = 0;
     for (auto _ : state) {
@@ -48,10 +52,10 @@ void run_oneoff(benchmark::State &state, double (*conv)(double, double), double 
     state.SetItemsProcessed(state.iterations());
 }
 
-#define GX_AUXLAT_BENCH(name, consts, conv)                                                       \
-    void BM_##name##_series(benchmark::State &s) { run(s, consts, conv, kWgs84E2); }              \
-    void BM_##name##_closed(benchmark::State &s) { run(s, consts, conv, kClosedE2); }             \
-    BENCHMARK(BM_##name##_series);                                                                \
+#define GX_AUXLAT_BENCH(name, consts, conv)                                                        \
+    void BM_##name##_series(benchmark::State &s) { run(s, consts, conv, kWgs84E2); }               \
+    void BM_##name##_closed(benchmark::State &s) { run(s, consts, conv, kClosedE2); }              \
+    BENCHMARK(BM_##name##_series);                                                                 \
     BENCHMARK(BM_##name##_closed)
 
 GX_AUXLAT_BENCH(phi_to_chi_wconst, gx_chi_conformal_constants, gx_phi_to_chi_wconst);
@@ -66,7 +70,8 @@ void BM_mu_to_phi_oneoff_series(benchmark::State &s) { run_oneoff(s, gx_mu_to_ph
 BENCHMARK(BM_phi_to_chi_oneoff_series);
 BENCHMARK(BM_mu_to_phi_oneoff_series);
 
-void BM_meridian_arc_series(benchmark::State &s) {
+void BM_meridian_arc_series(benchmark::State &s)
+{
     const auto &v = lats();
     std::size_t i = 0;
     for (auto _ : s) {
@@ -74,7 +79,8 @@ void BM_meridian_arc_series(benchmark::State &s) {
         i = (i + 1) & 1023;
     }
 }
-void BM_meridian_arc_closed(benchmark::State &s) {
+void BM_meridian_arc_closed(benchmark::State &s)
+{
     const auto &v = lats();
     std::size_t i = 0;
     for (auto _ : s) {

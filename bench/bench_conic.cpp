@@ -18,7 +18,7 @@ constexpr double kDeg = 3.14159265358979323846 / 180.0;
 constexpr double kGrs80[2] = {6378137.0, 0.0066943800229007876};
 
 struct Projection {
-    const char *proj; /* PROJ's definition of the same projection, radians in */
+    const char *proj; // PROJ's definition of the same projection, radians in
     gx_prj_rtn fwd;
     gx_prj_rtn inv;
     gx_pcsconst_rtn cst;
@@ -37,8 +37,9 @@ const Projection kMercator = {"+proj=merc +lon_0=-96 +ellps=GRS80",
                               gx_mercator_const,
                               {0, 0, -96 * kDeg, 0, 0, 1.0}};
 
-/* 1e6 (longitude, latitude) pairs in radians over the conterminous United States. */
-const std::vector<double> &geographic_points() {
+// 1e6 (longitude, latitude) pairs in radians over the conterminous United States.
+const std::vector<double> &geographic_points()
+{
     static const std::vector<double> points = [] {
         std::mt19937_64 random(20090226);
         std::uniform_real_distribution<double> lon(-126 * kDeg, -66 * kDeg),
@@ -53,14 +54,17 @@ const std::vector<double> &geographic_points() {
     return points;
 }
 
-/* The input of a run: geographic points forward, their projected images inverse. */
-std::vector<double> input_points(const Projection &p, bool forward) {
+// The input of a run: geographic points forward, their projected images inverse.
+std::vector<double> input_points(const Projection &p, bool forward)
+{
     std::vector<double> xy = geographic_points();
-    if (!forward) p.fwd(kGrs80, p.parms, kPoints, xy.data(), nullptr, nullptr);
+    if (!forward)
+        p.fwd(kGrs80, p.parms, kPoints, xy.data(), nullptr, nullptr);
     return xy;
 }
 
-void BM_Gridex(benchmark::State &state, const Projection &p, bool forward) {
+void BM_Gridex(benchmark::State &state, const Projection &p, bool forward)
+{
     gx_constants *constants = gx_constants_new();
     p.cst(constants, kGrs80, p.parms);
     const int *ivals = gx_constants_ivals(constants);
@@ -78,7 +82,8 @@ void BM_Gridex(benchmark::State &state, const Projection &p, bool forward) {
     gx_constants_del(constants);
 }
 
-void BM_Proj(benchmark::State &state, const Projection &p, bool forward) {
+void BM_Proj(benchmark::State &state, const Projection &p, bool forward)
+{
     PJ_CONTEXT *ctx = proj_context_create();
     PJ *pj = proj_create(ctx, p.proj);
     if (pj == nullptr) {

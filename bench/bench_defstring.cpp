@@ -8,8 +8,13 @@ namespace {
 
 // Spread over the tables, first and last rows of the largest one included.
 const char *const names[] = {
-    "GX_GCS_WGS_1984", "GX_PCS_WGS_1984_UTM_33N", "GX_U_FOOT", "gx-d-wgs-1984",
-    "GX_VTMTH_EGM84", "GX_D_K0_1949", "4326",
+    "GX_GCS_WGS_1984",
+    "GX_PCS_WGS_1984_UTM_33N",
+    "GX_U_FOOT",
+    "gx-d-wgs-1984",
+    "GX_VTMTH_EGM84",
+    "GX_D_K0_1949",
+    "4326",
 };
 
 void BM_DefstringToInt(benchmark::State &state)

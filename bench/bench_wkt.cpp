@@ -27,8 +27,9 @@ BENCHMARK(BM_WriteUnit);
 
 static void BM_Tokenize(benchmark::State &state)
 {
-    const char *text = "GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137.0,"
-                       "298.257223563]],PRIMEM[\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]]";
+    const char *text =
+        "GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137.0,"
+        "298.257223563]],PRIMEM[\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]]";
     static gx_token_list list;
     for (auto _ : state)
         benchmark::DoNotOptimize(gx_objstring_to_tokens(&list, text, nullptr));

@@ -47,42 +47,42 @@ GX_API const char *gx_version_string(void);
 
 #define GX_OBJECT_SIGNATURE 0x11235813u
 
-#define GX_TYPE_NONE       0x000000u
-#define GX_TYPE_GEOGCS     0x000001u
-#define GX_TYPE_PROJCS     0x000002u
-#define GX_TYPE_GEOXYZCS   0x000004u
-#define GX_TYPE_VERTCS     0x000008u
+#define GX_TYPE_NONE 0x000000u
+#define GX_TYPE_GEOGCS 0x000001u
+#define GX_TYPE_PROJCS 0x000002u
+#define GX_TYPE_GEOXYZCS 0x000004u
+#define GX_TYPE_VERTCS 0x000008u
 #define GX_TYPE_HVCOORDSYS 0x000010u
-#define GX_TYPE_DATUM      0x000020u
-#define GX_TYPE_VDATUM     0x000040u
-#define GX_TYPE_GEOGTRAN   0x000080u
-#define GX_TYPE_LINUNIT    0x000100u
-#define GX_TYPE_ANGUNIT    0x000200u
-#define GX_TYPE_UNIT       0x000300u
-#define GX_TYPE_PRIMEM     0x000400u
-#define GX_TYPE_SPHEROID   0x000800u
-#define GX_TYPE_METHOD     0x001000u
-#define GX_TYPE_HTMETHOD   0x002000u
+#define GX_TYPE_DATUM 0x000020u
+#define GX_TYPE_VDATUM 0x000040u
+#define GX_TYPE_GEOGTRAN 0x000080u
+#define GX_TYPE_LINUNIT 0x000100u
+#define GX_TYPE_ANGUNIT 0x000200u
+#define GX_TYPE_UNIT 0x000300u
+#define GX_TYPE_PRIMEM 0x000400u
+#define GX_TYPE_SPHEROID 0x000800u
+#define GX_TYPE_METHOD 0x001000u
+#define GX_TYPE_HTMETHOD 0x002000u
 #define GX_TYPE_PROJECTION 0x004000u
-#define GX_TYPE_PARAMETER  0x008000u
-#define GX_TYPE_AUTHORITY  0x010000u
-#define GX_TYPE_ADJHCS     0x020000u
-#define GX_TYPE_ARRAY      0x040000u
-#define GX_TYPE_VERTTRAN   0x080000u
-#define GX_TYPE_VTMETHOD   0x100000u
+#define GX_TYPE_PARAMETER 0x008000u
+#define GX_TYPE_AUTHORITY 0x010000u
+#define GX_TYPE_ADJHCS 0x020000u
+#define GX_TYPE_ARRAY 0x040000u
+#define GX_TYPE_VERTTRAN 0x080000u
+#define GX_TYPE_VTMETHOD 0x100000u
 
-#define GX_STATUS_NEW          1
-#define GX_STATUS_STRING       2
-#define GX_STATUS_CODE         4
-#define GX_STATUS_USER         8
-#define GX_STATUS_CODECHANGE   16
+#define GX_STATUS_NEW 1
+#define GX_STATUS_STRING 2
+#define GX_STATUS_CODE 4
+#define GX_STATUS_USER 8
+#define GX_STATUS_CODECHANGE 16
 #define GX_STATUS_DISCONTINUED 32
-#define GX_STATUS_DEAD         64
+#define GX_STATUS_DEAD 64
 
-#define GX_NAME_LEN      64
-#define GX_AUTHNAME_LEN  64
-#define GX_VERSION_LEN   16
-#define GX_TEXT_LEN      1024 /* every WKT text buffer, including the NUL */
+#define GX_NAME_LEN 64
+#define GX_AUTHNAME_LEN 64
+#define GX_VERSION_LEN 16
+#define GX_TEXT_LEN 1024 /* every WKT text buffer, including the NUL */
 
 /* The header that begins every object record. */
 typedef struct gx_object_header {
@@ -136,17 +136,17 @@ GX_API void *gx_memalloc(size_t size);
  * Error records and the message routine
  * ========================================================================================== */
 
-#define GX_ERRLVL_ERROR   2u
+#define GX_ERRLVL_ERROR 2u
 #define GX_ERRLVL_WARNING 4u
 
-#define GX_ERRCAT_MEMORY   1u
-#define GX_ERRCAT_OBJEDIT  2u
-#define GX_ERRCAT_FACTORY  4u
+#define GX_ERRCAT_MEMORY 1u
+#define GX_ERRCAT_OBJEDIT 2u
+#define GX_ERRCAT_FACTORY 4u
 #define GX_ERRCAT_ARGUMENT 8u
-#define GX_ERRCAT_WKT      16u
+#define GX_ERRCAT_WKT 16u
 
 #define GX_ERR_FUNCTION_LEN 256
-#define GX_ERR_MESSAGE_LEN  1280
+#define GX_ERR_MESSAGE_LEN 1280
 
 typedef struct gx_err_rec {
     unsigned int level;    /* GX_ERRLVL_*, 0 = no error */
@@ -167,8 +167,7 @@ GX_API void gx_err_fmt(gx_err_rec *err, unsigned int level, unsigned int categor
                        unsigned int number, const char *function, const char *format, ...)
     GX_PRINTF(6, 7);
 GX_API void gx_err_var(gx_err_rec *err, unsigned int level, unsigned int category,
-                       unsigned int number, const char *function, const char *format,
-                       va_list args);
+                       unsigned int number, const char *function, const char *format, va_list args);
 GX_API void gx_msg_setrtn(void *usrdata, int lvlmask, int catmask, gx_msg_rtn rtn);
 GX_API void gx_msg_getrtn(void **usrdata, int *lvlmask, int *catmask, gx_msg_rtn *rtn);
 
@@ -248,7 +247,7 @@ GX_API char *gx_dtoa(double value, char *buf, int digits);
 GX_API double gx_atod(const char *text);
 GX_API char gx_get_decimal_point_char(void);
 
-#define GX_MAX_TOKENS   256
+#define GX_MAX_TOKENS 256
 #define GX_TOKEN_MSG_LEN 128
 
 typedef struct gx_token {
@@ -257,10 +256,10 @@ typedef struct gx_token {
 } gx_token;
 
 typedef struct gx_token_list {
-    char text[GX_TEXT_LEN];           /* normalized copy of the WKT */
+    char text[GX_TEXT_LEN]; /* normalized copy of the WKT */
     gx_token tokens[GX_MAX_TOKENS];
     int count;
-    unsigned int error_level;         /* 0, GX_ERRLVL_ERROR or GX_ERRLVL_WARNING */
+    unsigned int error_level; /* 0, GX_ERRLVL_ERROR or GX_ERRLVL_WARNING */
     unsigned int error_number;
     char message[GX_TOKEN_MSG_LEN];
 } gx_token_list;
@@ -314,26 +313,26 @@ GX_API void *gx_object_from_string_by_type_errext(unsigned int type, const char 
                                                   gx_err_rec *err);
 
 /* The family of operations every object type offers, declared once per type. */
-#define GX_DECLARE_OBJECT_FAMILY(T)                                                           \
-    GX_API T *T##_from_string(const char *text);                                               \
-    GX_API T *T##_from_string_errext(const char *text, gx_err_rec *err);                       \
-    GX_API T *T##_clone(const T *obj);                                                         \
-    GX_API void T##_del(T *obj);                                                               \
-    GX_API int T##_p(const void *obj);                                                         \
-    GX_API int T##_eq(const T *a, const T *b);                                                 \
-    GX_API char *T##_name(const T *obj, char *buf);                                            \
-    GX_API char *T##_to_string(const T *obj, char *buf);                                       \
-    GX_API char *T##_to_string_ext(const T *obj, int options, char *buf);                      \
-    GX_API unsigned int T##_type(const T *obj);                                                \
-    GX_API unsigned int T##_status(const T *obj);                                              \
+#define GX_DECLARE_OBJECT_FAMILY(T)                                                                \
+    GX_API T *T##_from_string(const char *text);                                                   \
+    GX_API T *T##_from_string_errext(const char *text, gx_err_rec *err);                           \
+    GX_API T *T##_clone(const T *obj);                                                             \
+    GX_API void T##_del(T *obj);                                                                   \
+    GX_API int T##_p(const void *obj);                                                             \
+    GX_API int T##_eq(const T *a, const T *b);                                                     \
+    GX_API char *T##_name(const T *obj, char *buf);                                                \
+    GX_API char *T##_to_string(const T *obj, char *buf);                                           \
+    GX_API char *T##_to_string_ext(const T *obj, int options, char *buf);                          \
+    GX_API unsigned int T##_type(const T *obj);                                                    \
+    GX_API unsigned int T##_status(const T *obj);                                                  \
     GX_API void T##_status_set(T *obj, unsigned int status)
 
 /* Types that carry a code and an authority object. */
-#define GX_DECLARE_CODED_FAMILY(T)                                                            \
-    GX_DECLARE_OBJECT_FAMILY(T);                                                              \
-    GX_API int T##_code(const T *obj);                                                         \
-    GX_API gx_authority *T##_authority(T *obj);                                                \
-    GX_API void T##_authority_set(T *obj, gx_authority *auth);                                 \
+#define GX_DECLARE_CODED_FAMILY(T)                                                                 \
+    GX_DECLARE_OBJECT_FAMILY(T);                                                                   \
+    GX_API int T##_code(const T *obj);                                                             \
+    GX_API gx_authority *T##_authority(T *obj);                                                    \
+    GX_API void T##_authority_set(T *obj, gx_authority *auth);                                     \
     GX_API void T##_code_set(T *obj, int code, const char *authname, const char *version)
 
 /* ============================================================================================
@@ -456,8 +455,8 @@ GX_DECLARE_CODED_FAMILY(gx_hvdatum);
 
 /* Vertical CS: an hvdatum, 16 parameter slots (Vertical_Shift, Direction) and a linear unit. */
 GX_DECLARE_CODED_FAMILY(gx_vertcs);
-GX_API gx_vertcs *gx_vertcs_new(const char *name, gx_hvdatum *hvdatum,
-                                gx_parameter *parameters[16], gx_unit *unit);
+GX_API gx_vertcs *gx_vertcs_new(const char *name, gx_hvdatum *hvdatum, gx_parameter *parameters[16],
+                                gx_unit *unit);
 GX_API gx_vertcs *gx_vertcs_new_errext(const char *name, gx_hvdatum *hvdatum,
                                        gx_parameter *parameters[16], gx_unit *unit,
                                        gx_err_rec *err);
@@ -497,15 +496,15 @@ GX_API gx_vertcs *gx_hvcoordsys_vertcs(const gx_hvcoordsys *cs);
 typedef struct gx_constants gx_constants;
 typedef struct gx_constants gx_gtconstants;
 
-#define GX_DECLARE_CONSTANTS_FAMILY(F)                                                        \
-    GX_API gx_constants *F##_new(void);                                                        \
-    GX_API void F##_del(gx_constants *c);                                                      \
-    GX_API int F##_p(const gx_constants *c);                                                   \
-    GX_API int *F##_ivals(const gx_constants *c);                                              \
-    GX_API float *F##_fvals(const gx_constants *c);                                            \
-    GX_API double *F##_dvals(const gx_constants *c);                                           \
-    GX_API int *F##_ivals_set(gx_constants *c, int *ivals);                                    \
-    GX_API float *F##_fvals_set(gx_constants *c, float *fvals);                                \
+#define GX_DECLARE_CONSTANTS_FAMILY(F)                                                             \
+    GX_API gx_constants *F##_new(void);                                                            \
+    GX_API void F##_del(gx_constants *c);                                                          \
+    GX_API int F##_p(const gx_constants *c);                                                       \
+    GX_API int *F##_ivals(const gx_constants *c);                                                  \
+    GX_API float *F##_fvals(const gx_constants *c);                                                \
+    GX_API double *F##_dvals(const gx_constants *c);                                               \
+    GX_API int *F##_ivals_set(gx_constants *c, int *ivals);                                        \
+    GX_API float *F##_fvals_set(gx_constants *c, float *fvals);                                    \
     GX_API double *F##_dvals_set(gx_constants *c, double *dvals)
 
 GX_DECLARE_CONSTANTS_FAMILY(gx_constants);
@@ -626,14 +625,13 @@ typedef struct gx_parmlist_entry {
 GX_API const gx_parmlist_entry *gx_parmlist_from_code(int code);
 /* By name without case; a name that only begins with "Dataset_" is the dataset parameter. */
 GX_API const gx_parmlist_entry *gx_parmlist_from_name(const char *name);
-GX_API int gx_parmlist_index_from_code(int code);        /* -1 when unknown */
+GX_API int gx_parmlist_index_from_code(int code);         /* -1 when unknown */
 GX_API int gx_parmlist_index_from_name(const char *name); /* -1 when unknown */
 /* A parameter object from a row: the row's name and default value with status GX_STATUS_CODE;
    the given value with status GX_STATUS_STRING; by name (kept as given) with the default value
    and status GX_STATUS_STRING.  err may be null. */
 GX_API gx_parameter *gx_parmlist_parameter_from_code(int code, gx_err_rec *err);
-GX_API gx_parameter *gx_parmlist_parameter_from_code_value(int code, double value,
-                                                           gx_err_rec *err);
+GX_API gx_parameter *gx_parmlist_parameter_from_code_value(int code, double value, gx_err_rec *err);
 GX_API gx_parameter *gx_parmlist_parameter_from_name(const char *name, gx_err_rec *err);
 GX_API void gx_parmlist_set_code(gx_parameter *parameter);
 
@@ -688,12 +686,12 @@ GX_API gx_projcs *gx_projcs_clone_alterunits(const gx_projcs *projcs, const gx_u
  * inverse take ivals and dvals from the container, or null to compute everything per call.
  * ========================================================================================== */
 
-#define GX_DECLARE_PROJECTION_ROUTINES(stem)                                                  \
-    GX_API int gx_##stem##_fwd(const double sphere[2], const double parms[16], int n,           \
-                               double *coords, const int *ivals, const double *dvals);          \
-    GX_API int gx_##stem##_inv(const double sphere[2], const double parms[16], int n,           \
-                               double *coords, const int *ivals, const double *dvals);          \
-    GX_API int gx_##stem##_const(gx_constants *constants, const double sphere[2],                \
+#define GX_DECLARE_PROJECTION_ROUTINES(stem)                                                       \
+    GX_API int gx_##stem##_fwd(const double sphere[2], const double parms[16], int n,              \
+                               double *coords, const int *ivals, const double *dvals);             \
+    GX_API int gx_##stem##_inv(const double sphere[2], const double parms[16], int n,              \
+                               double *coords, const int *ivals, const double *dvals);             \
+    GX_API int gx_##stem##_const(gx_constants *constants, const double sphere[2],                  \
                                  const double parms[16])
 
 /* Transverse Mercator: central meridian (slot 2), latitude of origin (6), scale factor (5).
@@ -775,9 +773,9 @@ GX_API int gx_mth_null_fwd(const double ellipsoid1[2], const double ellipsoid2[2
                            const double *dvals);
 GX_API int gx_htm_null_inv(const void *object, const double *parms, int n, double *points);
 
-#define GX_DECLARE_MTH_ROUTINE(name)                                                          \
-    GX_API int name(const double ellipsoid1[2], const double ellipsoid2[2],                    \
-                    const double parms[16], const char *dataset, int n, double *points,        \
+#define GX_DECLARE_MTH_ROUTINE(name)                                                               \
+    GX_API int name(const double ellipsoid1[2], const double ellipsoid2[2],                        \
+                    const double parms[16], const char *dataset, int n, double *points,            \
                     double *heights, const int *ivals, const float *fvals, const double *dvals)
 
 /* Formula-based datum shifts; all return n.  Seven-parameter rotations are exact (not
@@ -804,19 +802,17 @@ GX_DECLARE_MTH_ROUTINE(gx_longitude_rotation_ccw);
 /* Plane fits.  Affine, parms A-F: x' = A x + B y + C, y' = D x + E y + F.  Projective, parms
    A-H: the same numerators divided by G x + H y + 1.  The inverses return 0 and leave the points
    when the fit is singular. */
-GX_API int gx_affine_parametric_fwd(const void *object, const double *parms, int n,
-                                    double *points);
-GX_API int gx_affine_parametric_inv(const void *object, const double *parms, int n,
-                                    double *points);
+GX_API int gx_affine_parametric_fwd(const void *object, const double *parms, int n, double *points);
+GX_API int gx_affine_parametric_inv(const void *object, const double *parms, int n, double *points);
 GX_API int gx_projective_parametric_fwd(const void *object, const double *parms, int n,
                                         double *points);
 GX_API int gx_projective_parametric_inv(const void *object, const double *parms, int n,
                                         double *points);
 
-#define GX_DECLARE_VTM_ROUTINE(name)                                                          \
-    GX_API int name(const double ellipsoid[2], double unit_factor, double prime_meridian,      \
-                    double direction_product, const double parms[16], const char *dataset,     \
-                    const int *ivals, const float *fvals, const double *dvals, int n,          \
+#define GX_DECLARE_VTM_ROUTINE(name)                                                               \
+    GX_API int name(const double ellipsoid[2], double unit_factor, double prime_meridian,          \
+                    double direction_product, const double parms[16], const char *dataset,         \
+                    const int *ivals, const float *fvals, const double *dvals, int n,              \
                     const double *points, double *heights)
 
 /* Vertical offset: h' = d h + parms[0]; points may be null. */
@@ -846,17 +842,16 @@ GX_DECLARE_CODED_FAMILY(gx_method);
 GX_API gx_method *gx_method_new(const char *name, gx_mth_rtn forward, gx_mth_rtn inverse);
 GX_API gx_method *gx_method_new_errext(const char *name, gx_mth_rtn forward, gx_mth_rtn inverse,
                                        gx_err_rec *err);
-GX_API gx_method *gx_method_new_extended(const char *name, gx_mth_rtn forward,
-                                         gx_mth_rtn inverse, gx_mth_const_rtn constfunc,
-                                         gx_err_rec *err);
+GX_API gx_method *gx_method_new_extended(const char *name, gx_mth_rtn forward, gx_mth_rtn inverse,
+                                         gx_mth_const_rtn constfunc, gx_err_rec *err);
 GX_API gx_mth_rtn gx_method_forward(const gx_method *method);
 GX_API gx_mth_rtn gx_method_inverse(const gx_method *method);
 GX_API gx_mth_const_rtn gx_method_constfunc(const gx_method *method);
 
 GX_DECLARE_CODED_FAMILY(gx_htmethod);
 GX_API gx_htmethod *gx_htmethod_new(const char *name, gx_htm_rtn forward, gx_htm_rtn inverse);
-GX_API gx_htmethod *gx_htmethod_new_errext(const char *name, gx_htm_rtn forward,
-                                           gx_htm_rtn inverse, gx_err_rec *err);
+GX_API gx_htmethod *gx_htmethod_new_errext(const char *name, gx_htm_rtn forward, gx_htm_rtn inverse,
+                                           gx_err_rec *err);
 GX_API gx_htm_rtn gx_htmethod_forward(const gx_htmethod *htmethod);
 GX_API gx_htm_rtn gx_htmethod_inverse(const gx_htmethod *htmethod);
 
@@ -865,8 +860,8 @@ GX_API gx_htm_rtn gx_htmethod_inverse(const gx_htmethod *htmethod);
    any horizontal system, or none, will do. */
 GX_DECLARE_CODED_FAMILY(gx_vtmethod);
 GX_API gx_vtmethod *gx_vtmethod_new(const char *name, gx_vtm_rtn forward, gx_vtm_rtn inverse);
-GX_API gx_vtmethod *gx_vtmethod_new_errext(const char *name, gx_vtm_rtn forward,
-                                           gx_vtm_rtn inverse, gx_err_rec *err);
+GX_API gx_vtmethod *gx_vtmethod_new_errext(const char *name, gx_vtm_rtn forward, gx_vtm_rtn inverse,
+                                           gx_err_rec *err);
 GX_API gx_vtmethod *gx_vtmethod_new_extended(const char *name, gx_vtm_rtn forward,
                                              gx_vtm_rtn inverse, gx_vtm_const_rtn constfunc,
                                              unsigned int coordsys_type, gx_err_rec *err);
@@ -883,9 +878,9 @@ GX_API unsigned int gx_vtmethod_coordsys_type(const gx_vtmethod *vtmethod);
 GX_DECLARE_CODED_FAMILY(gx_geogtran);
 GX_API gx_geogtran *gx_geogtran_new(const char *name, gx_geogcs *geogcs1, gx_geogcs *geogcs2,
                                     gx_method *method, gx_parameter *parameters[16]);
-GX_API gx_geogtran *gx_geogtran_new_errext(const char *name, gx_geogcs *geogcs1,
-                                           gx_geogcs *geogcs2, gx_method *method,
-                                           gx_parameter *parameters[16], gx_err_rec *err);
+GX_API gx_geogtran *gx_geogtran_new_errext(const char *name, gx_geogcs *geogcs1, gx_geogcs *geogcs2,
+                                           gx_method *method, gx_parameter *parameters[16],
+                                           gx_err_rec *err);
 GX_API gx_geogcs *gx_geogtran_geogcs1(const gx_geogtran *gt);
 GX_API gx_geogcs *gx_geogtran_geogcs2(const gx_geogtran *gt);
 GX_API gx_method *gx_geogtran_method(const gx_geogtran *gt);
@@ -1005,8 +1000,7 @@ GX_API gx_vtmethod *gx_vtmethlist_vtmethod_from_name(const char *name, gx_err_re
  * the methods that need them.  0 with the heights untouched on any refusal.
  * ========================================================================================== */
 
-GX_API int gx_geog_to_geog(gx_geogtran *gt, int n, double *points, double *heights,
-                           int direction);
+GX_API int gx_geog_to_geog(gx_geogtran *gt, int n, double *points, double *heights, int direction);
 GX_API int gx_geog1_to_geog2(gx_geogtran *gt, int n, double *points, double *heights);
 GX_API int gx_geog2_to_geog1(gx_geogtran *gt, int n, double *points, double *heights);
 
@@ -1050,16 +1044,16 @@ GX_API int gx_translist_transform_coords(gx_translist *list, int n, double *poin
  * ========================================================================================== */
 
 /* Radii, meridian arc and small functions. */
-GX_API double gx_w(double e2, double phi);            /* sqrt(1 - e2 sin^2 phi) */
-GX_API double gx_m(double a, double e2, double phi);  /* meridional radius of curvature */
-GX_API double gx_n(double a, double e2, double phi);  /* prime-vertical radius of curvature */
-GX_API double gx_auth_r(double a, double e2);         /* authalic radius */
-GX_API double gx_rect_r(double a, double e2);         /* rectifying radius a E(e2) / (pi/2) */
-GX_API double gx_q(double a, double e2, double phi);  /* meridian arc from the equator to phi */
+GX_API double gx_w(double e2, double phi);             /* sqrt(1 - e2 sin^2 phi) */
+GX_API double gx_m(double a, double e2, double phi);   /* meridional radius of curvature */
+GX_API double gx_n(double a, double e2, double phi);   /* prime-vertical radius of curvature */
+GX_API double gx_auth_r(double a, double e2);          /* authalic radius */
+GX_API double gx_rect_r(double a, double e2);          /* rectifying radius a E(e2) / (pi/2) */
+GX_API double gx_q(double a, double e2, double phi);   /* meridian arc from the equator to phi */
 GX_API double gx_q90(double a, double e2, double phi); /* quarter meridian (phi is not used) */
-GX_API double gx_delta(double x);                     /* x reduced to [-pi, pi] */
-GX_API double gx_delta_center(double x, double c);    /* c + gx_delta(x - c) */
-GX_API int gx_eq(double x, double y);  /* |x - y| <= ((|x| + |y|)/2 + 1) * 2^-48 */
+GX_API double gx_delta(double x);                      /* x reduced to [-pi, pi] */
+GX_API double gx_delta_center(double x, double c);     /* c + gx_delta(x - c) */
+GX_API int gx_eq(double x, double y);                  /* |x - y| <= ((|x| + |y|)/2 + 1) * 2^-48 */
 
 /* Geodetic (phi, lambda, h) <-> geocentric cartesian (X, Y, Z). */
 GX_API void gx_curv_to_cart(double a, double e2, double phi, double lam, double h, double *x,
@@ -1073,9 +1067,9 @@ GX_API void gx_cart_to_curv(double a, double e2, double x, double y, double z, d
    closed-form slots (at or above it); slots not computed are left untouched. */
 #define GX_AUXLAT_FORWARD 1
 #define GX_AUXLAT_INVERSE 2
-#define GX_CHI_BLOCK_LEN  16 /* conformal */
+#define GX_CHI_BLOCK_LEN 16  /* conformal */
 #define GX_BETA_BLOCK_LEN 18 /* authalic */
-#define GX_MU_BLOCK_LEN   17 /* rectifying */
+#define GX_MU_BLOCK_LEN 17   /* rectifying */
 #define GX_SERIES_E2_THRESHOLD 0.006884661117170036
 
 GX_API void gx_chi_conformal_constants(double e2, double *block, int flags);
@@ -1106,10 +1100,10 @@ GX_API double gx_zeroin(void *context, double (*f)(double x, void *context));
 /* Elliptic integrals and Jacobi elliptic functions of parameter m (= k^2). */
 GX_API double gx_ellint_rf(double x, double y, double z); /* Carlson R_F */
 GX_API double gx_ellint_rd(double x, double y, double z); /* Carlson R_D */
-GX_API double gx_ellint1(double m);                 /* K(m) */
-GX_API double gx_ellint2(double m);                 /* E(m) */
-GX_API double gx_iellint2amp(double phi, double m); /* E(phi | m) */
-GX_API double gx_iellint2(double u, double m);      /* E(am(u | m) | m) */
+GX_API double gx_ellint1(double m);                       /* K(m) */
+GX_API double gx_ellint2(double m);                       /* E(m) */
+GX_API double gx_iellint2amp(double phi, double m);       /* E(phi | m) */
+GX_API double gx_iellint2(double u, double m);            /* E(am(u | m) | m) */
 GX_API double gx_sn(double u, double m);
 GX_API double gx_cn(double u, double m);
 GX_API double gx_dn(double u, double m);
@@ -1261,10 +1255,9 @@ GX_API int gx_factory_coderanges_type(int code);
 /* Per object type: its code ranges; the authority and version of a code (outputs untouched
    when no range holds it); the sorted list of its predefined codes, 0-terminated, allocated
    (free with gx_factory_codelist_del; count may be null). */
-#define GX_DECLARE_CODE_FAMILY(T)                                                             \
-    GX_API const gx_coderanges *gx_factory_coderanges_##T(void);                               \
-    GX_API void gx_factory_authority_##T(int code, const char **authority,                     \
-                                         const char **version);                                \
+#define GX_DECLARE_CODE_FAMILY(T)                                                                  \
+    GX_API const gx_coderanges *gx_factory_coderanges_##T(void);                                   \
+    GX_API void gx_factory_authority_##T(int code, const char **authority, const char **version);  \
     GX_API int *gx_factory_##T##_codelist(int *count)
 
 GX_DECLARE_CODE_FAMILY(geogcs);
@@ -1345,8 +1338,8 @@ GX_API int gx_factory_code(void *object);
  * of a changed code (GX_STATUS_CODECHANGE, stamped with the replacement code) and the retired
  * definitions (GX_STATUS_DEAD).  Components are built through their own factories, so they
  * carry their own codes, and a component's error is the one reported. */
-#define GX_DECLARE_FACTORY(T, R)                                                              \
-    GX_API R *gx_factory_##T(int code);                                                        \
+#define GX_DECLARE_FACTORY(T, R)                                                                   \
+    GX_API R *gx_factory_##T(int code);                                                            \
     GX_API R *gx_factory_##T##_errext(int code, gx_err_rec *err)
 
 GX_DECLARE_FACTORY(datum, gx_datum);

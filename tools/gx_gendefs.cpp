@@ -1,20 +1,18 @@
-/*
- * gx_gendefs -- turns the built-in definition data into C++ sources of constant tables.
- *
- *   gx_gendefs DATA_DIR OUT_DIR
- *
- * reads DATA_DIR/<type>.txt (one definition a line, in the user-definition syntax),
- * macros.txt, changes.txt and accuracy.txt, checks them, and writes into OUT_DIR:
- *
- *   gx_defdata_<type>.cpp   the type's records, ascending by code (see gx_defdata.h)
- *   gx_defdata_macros.cpp   the macro tables gx_<type>_deftbl, sorted by macro name
- *   gx_defdata_changes.cpp  the changed-code pairs gx_factory_<type>_codechange_codes
- *   gx_defdata_accuracy.cpp the accuracy table gx_nga_geogtran_errors
- *
- * The output depends on the input only (no dates, no paths, numbers written exactly with
- * %.17g), so the same data gives byte-identical sources.  Malformed data stops the build with
- * "file:line: message" on stderr and exit status 1.
- */
+// gx_gendefs -- turns the built-in definition data into C++ sources of constant tables.
+//
+//   gx_gendefs DATA_DIR OUT_DIR
+//
+// reads DATA_DIR/<type>.txt (one definition a line, in the user-definition syntax),
+// macros.txt, changes.txt and accuracy.txt, checks them, and writes into OUT_DIR:
+//
+//   gx_defdata_<type>.cpp   the type's records, ascending by code (see gx_defdata.h)
+//   gx_defdata_macros.cpp   the macro tables gx_<type>_deftbl, sorted by macro name
+//   gx_defdata_changes.cpp  the changed-code pairs gx_factory_<type>_codechange_codes
+//   gx_defdata_accuracy.cpp the accuracy table gx_nga_geogtran_errors
+//
+// The output depends on the input only (no dates, no paths, numbers written exactly with
+// %.17g), so the same data gives byte-identical sources.  Malformed data stops the build with
+// "file:line: message" on stderr and exit status 1.
 #include "factory/gx_defstring_compare.h"
 #include "factory/gx_deftokens.h"
 
@@ -60,15 +58,14 @@ constexpr Layout layouts[] = {
 
 // The macro tables, in the order they are written; hvcoordsys has no definitions.
 constexpr const char *macro_tables[] = {
-    "geogcs", "projcs", "vertcs", "hvcoordsys", "datum", "vdatum", "geogtran", "unit",
-    "primem", "spheroid", "method", "htmethod", "projection", "parameter", "vtmethod",
-    "verttran",
+    "geogcs", "projcs",   "vertcs", "hvcoordsys", "datum",      "vdatum",    "geogtran", "unit",
+    "primem", "spheroid", "method", "htmethod",   "projection", "parameter", "vtmethod", "verttran",
 };
 
 // The types that have changed-code lists (the factory's types).
 constexpr const char *change_types[] = {
-    "datum", "geogcs", "geogtran", "hvcoordsys", "primem", "projcs",
-    "spheroid", "unit", "vdatum", "vertcs", "verttran",
+    "datum",    "geogcs", "geogtran", "hvcoordsys", "primem",   "projcs",
+    "spheroid", "unit",   "vdatum",   "vertcs",     "verttran",
 };
 
 constexpr int parameter_low = 100000; // the parameter codes
@@ -108,8 +105,8 @@ struct Accuracy {
 };
 
 struct Database {
-    std::map<std::string, std::vector<Def>> defs;      // by type, ascending by code
-    std::map<std::string, std::vector<Macro>> macros;  // by table, sorted by macro
+    std::map<std::string, std::vector<Def>> defs;       // by type, ascending by code
+    std::map<std::string, std::vector<Macro>> macros;   // by table, sorted by macro
     std::map<std::string, std::vector<Change>> changes; // by type, in file order
     std::vector<Accuracy> accuracy;
 };
@@ -159,10 +156,10 @@ double number_token(const Where &where, const char *text)
 const Macro *find_macro(const Database &db, const char *name)
 {
     for (const auto &[table, rows] : db.macros) {
-        auto it = std::lower_bound(rows.begin(), rows.end(), name,
-                                   [](const Macro &m, const char *key) {
-                                       return gx_defstring_compare(m.macro.c_str(), key) < 0;
-                                   });
+        auto it =
+            std::lower_bound(rows.begin(), rows.end(), name, [](const Macro &m, const char *key) {
+                return gx_defstring_compare(m.macro.c_str(), key) < 0;
+            });
         if (it != rows.end() && gx_defstring_compare(it->macro.c_str(), name) == 0)
             return &*it;
     }
@@ -273,8 +270,7 @@ void read_defs(Database &db, const std::string &dir, const Layout &layout)
             fail(where, "code %d already defined at line %d", def.code, line_of[def.code]);
         defs.push_back(std::move(def));
     });
-    std::sort(defs.begin(), defs.end(),
-              [](const Def &a, const Def &b) { return a.code < b.code; });
+    std::sort(defs.begin(), defs.end(), [](const Def &a, const Def &b) { return a.code < b.code; });
 }
 
 bool is_macro_table(const char *type)
@@ -328,8 +324,8 @@ void check_macro_codes(const Database &db)
             continue;
         for (const Macro &m : rows)
             if (!has_def(db, table, m.code))
-                fail({"macros.txt", 0}, "%s names %d, which is not a %s", m.macro.c_str(),
-                     m.code, table.c_str());
+                fail({"macros.txt", 0}, "%s names %d, which is not a %s", m.macro.c_str(), m.code,
+                     table.c_str());
     }
 }
 
@@ -350,8 +346,7 @@ void read_changes(Database &db, const std::string &dir)
         Change change;
         if (entry.count != 3 || !is_change_type(type) ||
             !parse_int(gx_factory_token(&entry, 1), &change.requested) ||
-            !parse_int(gx_factory_token(&entry, 2), &change.replacement) ||
-            change.requested == 0)
+            !parse_int(gx_factory_token(&entry, 2), &change.replacement) || change.requested == 0)
             fail(where, "expected: type, requested code, replacement code");
         if (has_def(db, type, change.requested))
             fail(where, "changed code %d is still defined", change.requested);
@@ -419,8 +414,7 @@ void write_file(const std::string &dir, const std::string &name, const std::stri
 {
     std::string path = dir + "/" + name;
     FILE *fp = fopen(path.c_str(), "wb");
-    if (fp == nullptr || fwrite(text.data(), 1, text.size(), fp) != text.size() ||
-        fclose(fp) != 0)
+    if (fp == nullptr || fwrite(text.data(), 1, text.size(), fp) != text.size() || fclose(fp) != 0)
         fail({path, 0}, "cannot write");
 }
 
@@ -499,8 +493,8 @@ void write_macros(const Database &db, const std::string &dir)
         if (count == 0)
             append(out, "constinit const gx_deftbl gx_%s_deftbl = {nullptr, 0};\n", table);
         else
-            append(out, "constinit const gx_deftbl gx_%s_deftbl = {%s_rows, %zu};\n", table,
-                   table, count);
+            append(out, "constinit const gx_deftbl gx_%s_deftbl = {%s_rows, %zu};\n", table, table,
+                   count);
     }
     out += "}\n";
     write_file(dir, "gx_defdata_macros.cpp", out);
@@ -525,8 +519,8 @@ void write_accuracy(const Database &db, const std::string &dir)
     out += "#include \"factory/gx_defdata.h\"\n\n";
     out += "constinit const gx_nga_error gx_nga_geogtran_errors[] = {\n";
     for (const Accuracy &a : db.accuracy)
-        out += "    {" + literal(a.agency) + ", " + std::to_string(a.code) + ", " +
-               number(a.e[0]) + ", " + number(a.e[1]) + ", " + number(a.e[2]) + "},\n";
+        out += "    {" + literal(a.agency) + ", " + std::to_string(a.code) + ", " + number(a.e[0]) +
+               ", " + number(a.e[1]) + ", " + number(a.e[2]) + "},\n";
     out += "    {nullptr, 0, 0.0, 0.0, 0.0},\n};\n\n";
     append(out, "constinit const int gx_nga_geogtran_error_count = %zu;\n", db.accuracy.size());
     write_file(dir, "gx_defdata_accuracy.cpp", out);

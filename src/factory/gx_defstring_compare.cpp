@@ -1,13 +1,11 @@
-/*
- * gx_defstring_compare.cpp -- the ordering of macro names.
- */
+// gx_defstring_compare.cpp -- the ordering of macro names.
 #include "factory/gx_defstring_compare.h"
 
 #include <ctype.h>
 
 namespace {
 
-/* The character as the comparison sees it: upper case, '-' folded onto '_'. */
+// The character as the comparison sees it: upper case, '-' folded onto '_'.
 int macro_char(char c)
 {
     if (c == '-')

@@ -1,10 +1,8 @@
-/*
- * gx_defstring_to_int.cpp -- macro names to codes and back.
- *
- * Each object type has a constant table of macro names (generated from macros.txt; the names
- * of discontinued codes are in gx_factory_discontinued.cpp), sorted by the macro comparison so that a name is found
- * by binary search.  The prefix of a name ("GX_GCS_", "GX_PCS_" ...) chooses the table.
- */
+// gx_defstring_to_int.cpp -- macro names to codes and back.
+//
+// Each object type has a constant table of macro names (generated from macros.txt; the names
+// of discontinued codes are in gx_factory_discontinued.cpp), sorted by the macro comparison so that a name is found
+// by binary search.  The prefix of a name ("GX_GCS_", "GX_PCS_" ...) chooses the table.
 #include "factory/gx_defstring_compare.h"
 #include "gridex.h"
 
@@ -20,9 +18,9 @@ struct TypeTable {
     const char *prefix;
 };
 
-/* The registry of macro tables.  Order matters: a name takes the first table whose prefix
-   matches, so "GX_VTMTH_" stands before "GX_VT_"; and a code takes the first type whose code
-   ranges hold it, so the unit rows go linear, angular, then either. */
+// The registry of macro tables.  Order matters: a name takes the first table whose prefix
+// matches, so "GX_VTMTH_" stands before "GX_VT_"; and a code takes the first type whose code
+// ranges hold it, so the unit rows go linear, angular, then either.
 constexpr TypeTable gx_deftbl_list[] = {
     {GX_TYPE_GEOGCS, &gx_geogcs_deftbl, "GX_GCS_"},
     {GX_TYPE_PROJCS, &gx_projcs_deftbl, "GX_PCS_"},
@@ -44,19 +42,13 @@ constexpr TypeTable gx_deftbl_list[] = {
     {GX_TYPE_VERTTRAN, &gx_verttran_deftbl, "GX_VT_"},
 };
 
-bool is_space(char c)
-{
-    return isspace(static_cast<unsigned char>(c)) != 0;
-}
+bool is_space(char c) { return isspace(static_cast<unsigned char>(c)) != 0; }
 
-/* Characters a prefix match steps over: white space, '-' and '_'. */
-bool is_separator(char c)
-{
-    return is_space(c) || c == '-' || c == '_';
-}
+// Characters a prefix match steps over: white space, '-' and '_'.
+bool is_separator(char c) { return is_space(c) || c == '-' || c == '_'; }
 
-/* Whether the letters and digits of prefix begin text, case-insensitively, separators in
-   either skipped: gx_gcs_wgs_1984, GX-GCS-WGS_1984 and GXGCS WGS_1984 all match "GX_GCS_". */
+// Whether the letters and digits of prefix begin text, case-insensitively, separators in
+// either skipped: gx_gcs_wgs_1984, GX-GCS-WGS_1984 and GXGCS WGS_1984 all match "GX_GCS_".
 bool prefix_matches(const char *prefix, const char *text)
 {
     for (;;) {
@@ -74,7 +66,7 @@ bool prefix_matches(const char *prefix, const char *text)
     }
 }
 
-/* The code of a macro in a table, by binary search; 0 when absent. */
+// The code of a macro in a table, by binary search; 0 when absent.
 int search_table(const gx_deftbl *table, const char *macro)
 {
     int low = 0;
@@ -92,7 +84,7 @@ int search_table(const gx_deftbl *table, const char *macro)
     return 0;
 }
 
-/* The first macro of a code in a table, by linear scan; null when absent. */
+// The first macro of a code in a table, by linear scan; null when absent.
 const char *scan_table(const gx_deftbl *table, int code)
 {
     for (int i = 0; i < table->count; i++)
@@ -101,7 +93,7 @@ const char *scan_table(const gx_deftbl *table, int code)
     return nullptr;
 }
 
-/* Decimal text as an int (trailing characters ignored), saturated at the int limits. */
+// Decimal text as an int (trailing characters ignored), saturated at the int limits.
 int decimal_code(const char *text)
 {
     long value = strtol(text, nullptr, 10);

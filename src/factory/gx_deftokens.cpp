@@ -1,9 +1,7 @@
-/*
- * gx_deftokens.cpp -- reading definition files: logical lines and their tokens.
- *
- * Kept free of the object model and of the rest of the library (C library only) so that the
- * host tool that generates the built-in tables compiles this very file.
- */
+// gx_deftokens.cpp -- reading definition files: logical lines and their tokens.
+//
+// Kept free of the object model and of the rest of the library (C library only) so that the
+// host tool that generates the built-in tables compiles this very file.
 #include "factory/gx_deftokens.h"
 
 #include <ctype.h>
@@ -11,12 +9,9 @@
 
 namespace {
 
-bool is_space(char c)
-{
-    return isspace(static_cast<unsigned char>(c)) != 0;
-}
+bool is_space(char c) { return isspace(static_cast<unsigned char>(c)) != 0; }
 
-/* Strips white space from both ends of s, in place. */
+// Strips white space from both ends of s, in place.
 void trim(char *s)
 {
     size_t start = 0;
@@ -29,8 +24,8 @@ void trim(char *s)
         s[--len] = '\0';
 }
 
-/* After fgets stopped short of the end of a long line, drops the rest of that line, so that
-   the next read starts on the next physical line and line numbers stay right. */
+// After fgets stopped short of the end of a long line, drops the rest of that line, so that
+// the next read starts on the next physical line and line numbers stay right.
 void skip_rest_of_line(FILE *fp, const char *segment)
 {
     if (strchr(segment, '\n') != nullptr)
@@ -41,9 +36,9 @@ void skip_rest_of_line(FILE *fp, const char *segment)
     } while (c != EOF && c != '\n');
 }
 
-/* Copies line into text (GX_DEFTOKENS_TEXT_LEN bytes) without the white space outside
-   double quotes; inside quotes every white-space character becomes a blank.  Returns the
-   number of double quotes copied. */
+// Copies line into text (GX_DEFTOKENS_TEXT_LEN bytes) without the white space outside
+// double quotes; inside quotes every white-space character becomes a blank.  Returns the
+// number of double quotes copied.
 int squeeze_line(char *text, const char *line)
 {
     int len = 0;
@@ -65,7 +60,7 @@ int squeeze_line(char *text, const char *line)
     return quotes;
 }
 
-/* Strips blanks from both ends of a NUL-terminated token; returns its new start. */
+// Strips blanks from both ends of a NUL-terminated token; returns its new start.
 char *trim_blanks(char *token)
 {
     while (*token == ' ')
@@ -76,10 +71,10 @@ char *trim_blanks(char *token)
     return token;
 }
 
-/* Cuts entry->text into tokens and records their offsets.  A token that begins with a double
-   quote is the text up to the closing quote (trimmed); whatever follows it up to the next
-   comma is ignored.  Any other token runs to the next comma.  Returns the token count, or -1
-   when there are more than GX_DEFTOKENS_MAX tokens. */
+// Cuts entry->text into tokens and records their offsets.  A token that begins with a double
+// quote is the text up to the closing quote (trimmed); whatever follows it up to the next
+// comma is ignored.  Any other token runs to the next comma.  Returns the token count, or -1
+// when there are more than GX_DEFTOKENS_MAX tokens.
 int split_tokens(gx_deftokens *entry)
 {
     char *p = entry->text;
@@ -137,7 +132,7 @@ int gx_factory_readline(FILE *fp, char *buf, int size)
             buf[--len] = '\0';
         if (len == 0 || buf[len - 1] != '\\')
             return lines;
-        /* A continued line: the backslash becomes one blank between the two parts. */
+        // A continued line: the backslash becomes one blank between the two parts.
         buf[len - 1] = ' ';
         while (len > 0 && buf[len - 1] == ' ')
             buf[--len] = '\0';

@@ -1,17 +1,15 @@
-/*
- * gx_factory.cpp -- objects from codes.
- *
- * Every type factory runs the same procedure (make): the user's definition of the code comes
- * first, so that a user can replace a predefined object; then the built-in definitions; a code
- * they do not know may have been changed, and its replacement is built instead; the retired
- * definitions are the last resort.  The object is stamped with the status telling which source
- * built it, with the code it was built under and with the authority and version of that code's
- * range.  The types differ only in the row of gx::factory::type_factory they pass.
- *
- * Also here: the factories that find a code's type for themselves (gx_factory, coordsys,
- * hvdatum), the generic dispatch by type, and the factories of the registries (methods,
- * projections, parameters), which hand the code on unchanged.
- */
+// gx_factory.cpp -- objects from codes.
+//
+// Every type factory runs the same procedure (make): the user's definition of the code comes
+// first, so that a user can replace a predefined object; then the built-in definitions; a code
+// they do not know may have been changed, and its replacement is built instead; the retired
+// definitions are the last resort.  The object is stamped with the status telling which source
+// built it, with the code it was built under and with the authority and version of that code's
+// range.  The types differ only in the row of gx::factory::type_factory they pass.
+//
+// Also here: the factories that find a code's type for themselves (gx_factory, coordsys,
+// hvdatum), the generic dispatch by type, and the factories of the registries (methods,
+// projections, parameters), which hand the code on unchanged.
 #include "factory/gx_factory.h"
 
 #include "factory/gx_objedithome.h"
@@ -25,7 +23,7 @@ namespace {
 constexpr const char *user_authority = "CUSTOM";
 constexpr const char *user_version = "";
 
-/* An object as one of the sources built it, with the status and code to stamp on it. */
+// An object as one of the sources built it, with the status and code to stamp on it.
 struct built {
     void *object;
     unsigned int status;
@@ -45,8 +43,8 @@ void *assemble_if(const type_factory &factory, const gx_defrec *rec, gx_err_rec 
     return rec != nullptr ? factory.assemble(*rec, err) : nullptr;
 }
 
-/* The built-in object of a code: its own definition, else its replacement's, else a retired
-   one.  A discontinued code still builds; only its status says so. */
+// The built-in object of a code: its own definition, else its replacement's, else a retired
+// one.  A discontinued code still builds; only its status says so.
 built from_database(const type_factory &factory, int code, gx_err_rec *err)
 {
     if (const gx_defrec *rec = gx_defdata_find(factory.type, code)) {
@@ -62,7 +60,7 @@ built from_database(const type_factory &factory, int code, gx_err_rec *err)
     return {assemble_if(factory, find_retired(factory.retired, code), err), GX_STATUS_DEAD, code};
 }
 
-/* The object from the first source that builds it: a user definition hides the built-in one. */
+// The object from the first source that builds it: a user definition hides the built-in one.
 built from_sources(const type_factory &factory, int code, gx_err_rec *err)
 {
     const gx_defrec *user = gx_objedit_find(factory.type, code, err);
@@ -71,8 +69,8 @@ built from_sources(const type_factory &factory, int code, gx_err_rec *err)
     return from_database(factory, code, err);
 }
 
-/* Stamps the status, the code, and the authority and version: those of user definitions, or
-   of the range that holds the code. */
+// Stamps the status, the code, and the authority and version: those of user definitions, or
+// of the range that holds the code.
 void stamp(const type_factory &factory, const built &b)
 {
     const char *authority = "";
@@ -87,11 +85,8 @@ void stamp(const type_factory &factory, const built &b)
     gx_object_code_set(b.object, b.code, authority, version);
 }
 
-/* An error recorded by a component factory stands; warnings do not count. */
-bool has_error(const gx_err_rec *err)
-{
-    return err->level == GX_ERRLVL_ERROR;
-}
+// An error recorded by a component factory stands; warnings do not count.
+bool has_error(const gx_err_rec *err) { return err->level == GX_ERRLVL_ERROR; }
 
 } // namespace
 
@@ -116,8 +111,8 @@ void *make(const type_factory &factory, int code, gx_err_rec *err)
     gx_err_rec *rec = err != nullptr ? err : &local;
     gx_err_clear(rec);
 
-    const built b = factory.assemble != nullptr ? from_sources(factory, code, rec)
-                                                : built{nullptr, 0, code};
+    const built b =
+        factory.assemble != nullptr ? from_sources(factory, code, rec) : built{nullptr, 0, code};
     if (b.object != nullptr) {
         stamp(factory, b);
         return b.object;
@@ -127,7 +122,7 @@ void *make(const type_factory &factory, int code, gx_err_rec *err)
     return nullptr;
 }
 
-/* ---- parameters of a record ------------------------------------------------------------- */
+// ---- parameters of a record -------------------------------------------------------------
 
 parameter_slots::~parameter_slots()
 {
@@ -158,7 +153,7 @@ bool parameter_slots::fill(const gx_defrec &rec, gx_err_rec *err)
             gx_parameter_del(parm);
             continue;
         }
-        gx_parameter_del(slots_[slot]); /* a repeated parameter: the later value holds */
+        gx_parameter_del(slots_[slot]); // a repeated parameter: the later value holds
         slots_[slot] = parm;
     }
     return true;
@@ -170,20 +165,17 @@ namespace {
 
 using gx::factory::report_code;
 
-/* The factory of a type, with the generic signature. */
+// The factory of a type, with the generic signature.
 using code_factory = void *(*)(int code, gx_err_rec *err);
 
-template <auto Factory> void *generic(int code, gx_err_rec *err)
-{
-    return Factory(code, err);
-}
+template <auto Factory> void *generic(int code, gx_err_rec *err) { return Factory(code, err); }
 
 struct type_row {
     int type;
     code_factory make;
 };
 
-/* Any kind of unit code goes to the unit factory: the type is not checked against the code. */
+// Any kind of unit code goes to the unit factory: the type is not checked against the code.
 constexpr type_row factories_by_type[] = {
     {GX_TYPE_GEOGCS, generic<gx_factory_geogcs_errext>},
     {GX_TYPE_PROJCS, generic<gx_factory_projcs_errext>},
@@ -215,10 +207,7 @@ code_factory factory_of_type(int type)
 
 } // namespace
 
-void *gx_factory(int code)
-{
-    return gx_factory_errext(code, nullptr);
-}
+void *gx_factory(int code) { return gx_factory_errext(code, nullptr); }
 
 void *gx_factory_errext(int code, gx_err_rec *err)
 {
@@ -258,12 +247,9 @@ int gx_factory_type(void *object)
     return unit_type == GX_TYPE_LINUNIT || unit_type == GX_TYPE_ANGUNIT ? unit_type : type;
 }
 
-/* ---- factories that test the code's type ------------------------------------------------ */
+// ---- factories that test the code's type ------------------------------------------------
 
-gx_coordsys *gx_factory_coordsys(int code)
-{
-    return gx_factory_coordsys_errext(code, nullptr);
-}
+gx_coordsys *gx_factory_coordsys(int code) { return gx_factory_coordsys_errext(code, nullptr); }
 
 gx_coordsys *gx_factory_coordsys_errext(int code, gx_err_rec *err)
 {
@@ -273,16 +259,13 @@ gx_coordsys *gx_factory_coordsys_errext(int code, gx_err_rec *err)
     case GX_TYPE_PROJCS:
         return gx_factory_projcs_errext(code, err);
     default:
-        report_code(err, 219, "gx_factory_coordsys",
-                    "Invalid coordinate system factory code (%d)", code);
+        report_code(err, 219, "gx_factory_coordsys", "Invalid coordinate system factory code (%d)",
+                    code);
         return nullptr;
     }
 }
 
-gx_hvdatum *gx_factory_hvdatum(int code)
-{
-    return gx_factory_hvdatum_errext(code, nullptr);
-}
+gx_hvdatum *gx_factory_hvdatum(int code) { return gx_factory_hvdatum_errext(code, nullptr); }
 
 gx_hvdatum *gx_factory_hvdatum_errext(int code, gx_err_rec *err)
 {
@@ -298,17 +281,11 @@ gx_hvdatum *gx_factory_hvdatum_errext(int code, gx_err_rec *err)
     }
 }
 
-/* ---- factories of the registries: the registry's object, unchanged ---------------------- */
+// ---- factories of the registries: the registry's object, unchanged ----------------------
 
-#define GX_DEFINE_REGISTRY_FACTORY(T, from_code)                                              \
-    gx_##T *gx_factory_##T(int code)                                                          \
-    {                                                                                         \
-        return from_code(code, nullptr);                                                      \
-    }                                                                                         \
-    gx_##T *gx_factory_##T##_errext(int code, gx_err_rec *err)                                \
-    {                                                                                         \
-        return from_code(code, err);                                                          \
-    }
+#define GX_DEFINE_REGISTRY_FACTORY(T, from_code)                                                   \
+    gx_##T *gx_factory_##T(int code) { return from_code(code, nullptr); }                          \
+    gx_##T *gx_factory_##T##_errext(int code, gx_err_rec *err) { return from_code(code, err); }
 
 GX_DEFINE_REGISTRY_FACTORY(method, gx_methlist_method_from_code)
 GX_DEFINE_REGISTRY_FACTORY(htmethod, gx_htmethlist_htmethod_from_code)

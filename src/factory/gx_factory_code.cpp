@@ -1,27 +1,25 @@
-/*
- * gx_factory_code.cpp -- the code of an object that does not carry one.
- *
- * An object read from text without an AUTHORITY clause has no code.  Its code is found by
- * building every code of its type's ranges and comparing: an object from the current
- * definitions (or a user definition) ends the search at once; otherwise the candidate from the
- * best source wins (a changed code before a discontinued one before a retired one).  This
- * builds thousands of objects for the wide types and is meant for occasional use.
- */
+// gx_factory_code.cpp -- the code of an object that does not carry one.
+//
+// An object read from text without an AUTHORITY clause has no code.  Its code is found by
+// building every code of its type's ranges and comparing: an object from the current
+// definitions (or a user definition) ends the search at once; otherwise the candidate from the
+// best source wins (a changed code before a discontinued one before a retired one).  This
+// builds thousands of objects for the wide types and is meant for occasional use.
 #include "gridex.h"
 
 namespace {
 
-/* The status below which a candidate is current and ends the search. */
+// The status below which a candidate is current and ends the search.
 constexpr unsigned int first_noncurrent_status = GX_STATUS_CODECHANGE;
 
 struct match {
     int code = 0;
-    unsigned int status = 127; /* worse than any status a factory stamps */
+    unsigned int status = 127; // worse than any status a factory stamps
     const char *authority = "";
     const char *version = "";
 };
 
-/* The status of the object built for code when it equals object, else 0. */
+// The status of the object built for code when it equals object, else 0.
 unsigned int status_if_equal(const void *object, int type, int code)
 {
     gx_err_rec err;

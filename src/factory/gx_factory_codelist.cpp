@@ -1,10 +1,8 @@
-/*
- * gx_factory_codelist.cpp -- the codes of all predefined objects of a type.
- *
- * A list is taken from the type's macro table: its codes, ascending, aliases dropped, with a
- * 0 after the last.  Linear and angular units share the unit table and are told apart by
- * their code ranges.
- */
+// gx_factory_codelist.cpp -- the codes of all predefined objects of a type.
+//
+// A list is taken from the type's macro table: its codes, ascending, aliases dropped, with a
+// 0 after the last.  Linear and angular units share the unit table and are told apart by
+// their code ranges.
 #include "gridex.h"
 
 #include <algorithm>
@@ -18,8 +16,8 @@ bool keeps_code(int type, int code)
     return true;
 }
 
-/* Sorts codes and drops repeats; returns how many are left.  A list of fewer than two codes
-   counts as one (so an empty table reports one code, the 0 in front of its terminator). */
+// Sorts codes and drops repeats; returns how many are left.  A list of fewer than two codes
+// counts as one (so an empty table reports one code, the 0 in front of its terminator).
 int sort_unique(int *codes, int n)
 {
     if (n < 2)
@@ -63,10 +61,10 @@ void gx_factory_codelist_del(int *list)
         gx_deallocate_rtn(list);
 }
 
-#define GX_DEFINE_CODELIST(name, type)                                                        \
-    int *gx_factory_##name##_codelist(int *count)                                             \
-    {                                                                                         \
-        return gx_factory_object_codelist(type, count);                                       \
+#define GX_DEFINE_CODELIST(name, type)                                                             \
+    int *gx_factory_##name##_codelist(int *count)                                                  \
+    {                                                                                              \
+        return gx_factory_object_codelist(type, count);                                            \
     }
 
 GX_DEFINE_CODELIST(geogcs, GX_TYPE_GEOGCS)

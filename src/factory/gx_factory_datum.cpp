@@ -1,6 +1,4 @@
-/*
- * gx_factory_datum.cpp -- datums from codes.
- */
+// gx_factory_datum.cpp -- datums from codes.
 #include "factory/gx_factory.h"
 
 namespace {
@@ -8,7 +6,7 @@ namespace {
 using gx::factory::adopt;
 using gx::factory::owned;
 
-/* comp[0]: the spheroid. */
+// comp[0]: the spheroid.
 void *assemble_datum(const gx_defrec &rec, gx_err_rec *err)
 {
     owned<gx_spheroid> spheroid(gx_factory_spheroid_errext(rec.comp[0], err));

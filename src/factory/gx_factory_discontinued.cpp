@@ -1,17 +1,15 @@
-/*
- * gx_factory_discontinued.cpp -- codes that the database no longer recommends.
- *
- * A discontinued code keeps its macro name in gx_discontinued_deftbl, the last table a name
- * lookup tries, and stands on its type's list, which the factory consults to stamp objects
- * built under such a code.
- */
+// gx_factory_discontinued.cpp -- codes that the database no longer recommends.
+//
+// A discontinued code keeps its macro name in gx_discontinued_deftbl, the last table a name
+// lookup tries, and stands on its type's list, which the factory consults to stamp objects
+// built under such a code.
 #include "factory/gx_defdata.h"
 
 #include <iterator>
 
 namespace {
 
-/* Sorted by the macro comparison, as name lookup searches it. */
+// Sorted by the macro comparison, as name lookup searches it.
 constexpr gx_deftbl_entry discontinued_rows[] = {
     {6233, "GX_D_GANDAJIKA_1970"},
     {6631, "GX_D_K0_1949"},
@@ -36,12 +34,12 @@ constexpr gx_deftbl_entry discontinued_rows[] = {
 extern "C" constinit const gx_deftbl gx_discontinued_deftbl = {
     discontinued_rows, static_cast<int>(std::size(discontinued_rows))};
 
-/* The same codes by type, 0-terminated. */
+// The same codes by type, 0-terminated.
 constinit const int gx_factory_datum_discontinued_codes[] = {6233, 6631, 6264, 0};
 constinit const int gx_factory_geogcs_discontinued_codes[] = {4233, 4631, 4264, 0};
 constinit const int gx_factory_geogtran_discontinued_codes[] = {1894, 1915, 1911, 0};
-constinit const int gx_factory_projcs_discontinued_codes[] = {
-    2979, 26432, 26761, 26762, 26763, 26764, 26765, 0};
+constinit const int gx_factory_projcs_discontinued_codes[] = {2979,  26432, 26761, 26762,
+                                                              26763, 26764, 26765, 0};
 constinit const int gx_factory_hvcoordsys_discontinued_codes[] = {0};
 constinit const int gx_factory_primem_discontinued_codes[] = {0};
 constinit const int gx_factory_spheroid_discontinued_codes[] = {0};

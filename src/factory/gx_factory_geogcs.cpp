@@ -1,6 +1,4 @@
-/*
- * gx_factory_geogcs.cpp -- geographic coordinate systems from codes.
- */
+// gx_factory_geogcs.cpp -- geographic coordinate systems from codes.
 #include "factory/gx_factory.h"
 
 namespace {
@@ -8,7 +6,7 @@ namespace {
 using gx::factory::adopt;
 using gx::factory::owned;
 
-/* comp[0]: the datum; comp[1]: the prime meridian; comp[2]: the angular unit. */
+// comp[0]: the datum; comp[1]: the prime meridian; comp[2]: the angular unit.
 void *assemble_geogcs(const gx_defrec &rec, gx_err_rec *err)
 {
     owned<gx_datum> datum(gx_factory_datum_errext(rec.comp[0], err));
@@ -20,8 +18,8 @@ void *assemble_geogcs(const gx_defrec &rec, gx_err_rec *err)
     owned<gx_unit> unit(gx_factory_angunit_errext(rec.comp[2], err));
     if (!unit)
         return nullptr;
-    return adopt(gx_geogcs_new_errext(rec.name, datum.get(), primem.get(), unit.get(), err),
-                 datum, primem, unit);
+    return adopt(gx_geogcs_new_errext(rec.name, datum.get(), primem.get(), unit.get(), err), datum,
+                 primem, unit);
 }
 
 constexpr int greenwich = 8901;

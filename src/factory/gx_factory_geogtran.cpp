@@ -1,6 +1,4 @@
-/*
- * gx_factory_geogtran.cpp -- geographic (datum) transformations from codes.
- */
+// gx_factory_geogtran.cpp -- geographic (datum) transformations from codes.
 #include "factory/gx_factory.h"
 
 namespace {
@@ -9,8 +7,8 @@ using gx::factory::adopt;
 using gx::factory::owned;
 using gx::factory::parameter_slots;
 
-/* comp[0], comp[1]: the source and target geographic systems; comp[2]: the method; the
-   method's parameters (a grid method's dataset parameter named by its grid). */
+// comp[0], comp[1]: the source and target geographic systems; comp[2]: the method; the
+// method's parameters (a grid method's dataset parameter named by its grid).
 void *assemble_geogtran(const gx_defrec &rec, gx_err_rec *err)
 {
     parameter_slots parameters;
@@ -35,28 +33,32 @@ constexpr int geocentric_translation = 9603;
 constexpr int position_vector = 9606;
 constexpr int coordinate_frame = 9607;
 
-/* Parameters of the datum shifts: translations (metres), rotations (arc-seconds) and the
-   scale difference (ppm); a three-parameter method takes the translations only. */
+// Parameters of the datum shifts: translations (metres), rotations (arc-seconds) and the
+// scale difference (ppm); a three-parameter method takes the translations only.
 constexpr int dx = 100040, dy = 100041, dz = 100042;
 constexpr int rx = 100043, ry = 100044, rz = 100045, ds = 100046;
 
 constexpr gx_defparm jamaica_3[] = {
-    {dx, -33.722, nullptr}, {dy, 153.789, nullptr}, {dz, 94.959, nullptr},
-    {rx, 8.581, nullptr},   {ry, 4.478, nullptr},   {rz, -4.54, nullptr},
-    {ds, -8.95, nullptr},
+    {dx, -33.722, nullptr}, {dy, 153.789, nullptr}, {dz, 94.959, nullptr}, {rx, 8.581, nullptr},
+    {ry, 4.478, nullptr},   {rz, -4.54, nullptr},   {ds, -8.95, nullptr},
 };
 constexpr gx_defparm deir_ez_zor_2[] = {
-    {dx, -177.5, nullptr}, {dy, 14.1, nullptr}, {dz, 237.6, nullptr},
+    {dx, -177.5, nullptr},
+    {dy, 14.1, nullptr},
+    {dz, 237.6, nullptr},
 };
 constexpr gx_defparm ouvea_1[] = {
-    {dx, -122.383, nullptr}, {dy, -188.696, nullptr}, {dz, 103.344, nullptr},
-    {rx, 3.5107, nullptr},   {ry, -4.9668, nullptr},  {rz, -5.7047, nullptr},
-    {ds, 4.4798, nullptr},
+    {dx, -122.383, nullptr}, {dy, -188.696, nullptr}, {dz, 103.344, nullptr}, {rx, 3.5107, nullptr},
+    {ry, -4.9668, nullptr},  {rz, -5.7047, nullptr},  {ds, 4.4798, nullptr},
 };
 
 constexpr gx_defrec retired_geogtrans[] = {
     {1086, "Jamaica_1969_To_WGS_1984_3", {4242, wgs_1984, coordinate_frame}, {}, 7, jamaica_3},
-    {1585, "Deir_ez_Zor_To_WGS_1984_2", {4227, wgs_1984, geocentric_translation}, {}, 3,
+    {1585,
+     "Deir_ez_Zor_To_WGS_1984_2",
+     {4227, wgs_1984, geocentric_translation},
+     {},
+     3,
      deir_ez_zor_2},
     {1919, "ST87_Ouvea_To_WGS_1984_1", {4635, wgs_1984, position_vector}, {}, 7, ouvea_1},
 };

@@ -1,10 +1,8 @@
-/*
- * gx_factory_hvcoordsys.cpp -- compound systems from codes.
- *
- * The database defines no compound system and no user file is read for them, so every code is
- * unknown; the factory reports it with the geographic transformation's number and text, as
- * applications of this library have always seen it.
- */
+// gx_factory_hvcoordsys.cpp -- compound systems from codes.
+//
+// The database defines no compound system and no user file is read for them, so every code is
+// unknown; the factory reports it with the geographic transformation's number and text, as
+// applications of this library have always seen it.
 #include "factory/gx_factory.h"
 
 namespace {

@@ -1,11 +1,9 @@
-/*
- * gx_factory_primem.cpp -- prime meridians from codes.
- */
+// gx_factory_primem.cpp -- prime meridians from codes.
 #include "factory/gx_factory.h"
 
 namespace {
 
-/* value[0]: longitude in degrees east of Greenwich. */
+// value[0]: longitude in degrees east of Greenwich.
 void *assemble_primem(const gx_defrec &rec, gx_err_rec *err)
 {
     return gx_primem_new_errext(rec.name, rec.value[0], err);

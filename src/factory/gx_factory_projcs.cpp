@@ -1,6 +1,4 @@
-/*
- * gx_factory_projcs.cpp -- projected coordinate systems from codes.
- */
+// gx_factory_projcs.cpp -- projected coordinate systems from codes.
 #include "factory/gx_factory.h"
 
 namespace {
@@ -9,8 +7,8 @@ using gx::factory::adopt;
 using gx::factory::owned;
 using gx::factory::parameter_slots;
 
-/* comp[0]: the geographic system; comp[1]: the projection; comp[2]: the linear unit; the
-   parameters in the projection's slots. */
+// comp[0]: the geographic system; comp[1]: the projection; comp[2]: the linear unit; the
+// parameters in the projection's slots.
 void *assemble_projcs(const gx_defrec &rec, gx_err_rec *err)
 {
     parameter_slots parameters;
@@ -40,8 +38,8 @@ constexpr int central_meridian = 100010;
 constexpr int latitude_of_origin = 100021;
 
 constexpr gx_defparm ouvea_utm_58s[] = {
-    {central_meridian, 165.0, nullptr}, {latitude_of_origin, 0.0, nullptr},
-    {scale_factor, 0.9996, nullptr},    {false_easting, 500000.0, nullptr},
+    {central_meridian, 165.0, nullptr},    {latitude_of_origin, 0.0, nullptr},
+    {scale_factor, 0.9996, nullptr},       {false_easting, 500000.0, nullptr},
     {false_northing, 10000000.0, nullptr},
 };
 constexpr gx_defparm reunion_tm[] = {
@@ -59,7 +57,11 @@ constexpr gx_defparm kudams_ktm[] = {
 
 constexpr gx_defrec retired_projcs[] = {
     {2983, "ST87_Ouvea_UTM_58S", {4635, transverse_mercator, metre}, {}, 5, ouvea_utm_58s},
-    {2990, "Reunion_1947_TM_Reunion_wrong_FE_and_FN", {4626, transverse_mercator, metre}, {}, 5,
+    {2990,
+     "Reunion_1947_TM_Reunion_wrong_FE_and_FN",
+     {4626, transverse_mercator, metre},
+     {},
+     5,
      reunion_tm},
     {31900, "KUDAMS_KTM", {4319, transverse_mercator, metre}, {}, 5, kudams_ktm},
 };

@@ -1,11 +1,9 @@
-/*
- * gx_factory_spheroid.cpp -- spheroids from codes.
- */
+// gx_factory_spheroid.cpp -- spheroids from codes.
 #include "factory/gx_factory.h"
 
 namespace {
 
-/* value[0]: semi-major axis in metres; value[1]: inverse flattening, 0 for a sphere. */
+// value[0]: semi-major axis in metres; value[1]: inverse flattening, 0 for a sphere.
 void *assemble_spheroid(const gx_defrec &rec, gx_err_rec *err)
 {
     const double inverse_flattening = rec.value[1];

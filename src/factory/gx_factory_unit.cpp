@@ -1,10 +1,8 @@
-/*
- * gx_factory_unit.cpp -- units from codes, and the factories that insist on a linear or an
- * angular one.
- *
- * Linear and angular units share one table of definitions; which kind a code is follows from
- * its range (linear 9000-9099 and the 109000/209000 blocks, angular 9100-9199 and 209100).
- */
+// gx_factory_unit.cpp -- units from codes, and the factories that insist on a linear or an
+// angular one.
+//
+// Linear and angular units share one table of definitions; which kind a code is follows from
+// its range (linear 9000-9099 and the 109000/209000 blocks, angular 9100-9199 and 209100).
 #include "factory/gx_factory.h"
 
 namespace {
@@ -12,7 +10,7 @@ namespace {
 using gx::factory::report_code;
 using gx::factory::report_text;
 
-/* value[0]: metres or radians per unit. */
+// value[0]: metres or radians per unit.
 void *assemble_unit(const gx_defrec &rec, gx_err_rec *err)
 {
     return gx_unit_new_errext(rec.name, rec.value[0], err);
@@ -30,7 +28,7 @@ constexpr gx::factory::type_factory unit_factory = {
     .assemble = assemble_unit,
 };
 
-/* Both kinds report a unit of the other kind under the angular factory's name. */
+// Both kinds report a unit of the other kind under the angular factory's name.
 void report_wrong_unit_type(gx_err_rec *err)
 {
     report_text(err, 224, "gx_factory_angunit", "Wrong unit type");
@@ -40,10 +38,7 @@ void report_wrong_unit_type(gx_err_rec *err)
 
 GX_DEFINE_TYPE_FACTORY(unit, unit_factory)
 
-gx_unit *gx_factory_angunit(int code)
-{
-    return gx_factory_angunit_errext(code, nullptr);
-}
+gx_unit *gx_factory_angunit(int code) { return gx_factory_angunit_errext(code, nullptr); }
 
 gx_unit *gx_factory_angunit_errext(int code, gx_err_rec *err)
 {
@@ -54,16 +49,12 @@ gx_unit *gx_factory_angunit_errext(int code, gx_err_rec *err)
         report_wrong_unit_type(err);
         return nullptr;
     default:
-        report_code(err, 211, "gx_factory_angunit", "Invalid angular unit factory code (%d)",
-                    code);
+        report_code(err, 211, "gx_factory_angunit", "Invalid angular unit factory code (%d)", code);
         return nullptr;
     }
 }
 
-gx_unit *gx_factory_linunit(int code)
-{
-    return gx_factory_linunit_errext(code, nullptr);
-}
+gx_unit *gx_factory_linunit(int code) { return gx_factory_linunit_errext(code, nullptr); }
 
 gx_unit *gx_factory_linunit_errext(int code, gx_err_rec *err)
 {

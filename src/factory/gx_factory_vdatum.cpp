@@ -1,6 +1,4 @@
-/*
- * gx_factory_vdatum.cpp -- vertical datums from codes.
- */
+// gx_factory_vdatum.cpp -- vertical datums from codes.
 #include "factory/gx_factory.h"
 
 namespace {

@@ -1,6 +1,4 @@
-/*
- * gx_factory_vertcs.cpp -- vertical coordinate systems from codes.
- */
+// gx_factory_vertcs.cpp -- vertical coordinate systems from codes.
 #include "factory/gx_factory.h"
 
 namespace {
@@ -9,8 +7,8 @@ using gx::factory::adopt;
 using gx::factory::owned;
 using gx::factory::parameter_slots;
 
-/* comp[0]: a vertical datum (gravity-related heights) or a datum (ellipsoidal heights);
-   comp[1]: the linear unit; the vertical shift and direction parameters. */
+// comp[0]: a vertical datum (gravity-related heights) or a datum (ellipsoidal heights);
+// comp[1]: the linear unit; the vertical shift and direction parameters.
 void *assemble_vertcs(const gx_defrec &rec, gx_err_rec *err)
 {
     parameter_slots parameters;

@@ -1,9 +1,7 @@
-/*
- * gx_factory_verttran.cpp -- vertical transformations from codes.
- *
- * An unknown code is reported with the geographic transformation's number and text, as
- * applications of this library have always seen it.
- */
+// gx_factory_verttran.cpp -- vertical transformations from codes.
+//
+// An unknown code is reported with the geographic transformation's number and text, as
+// applications of this library have always seen it.
 #include "factory/gx_factory.h"
 
 namespace {
@@ -12,8 +10,8 @@ using gx::factory::adopt;
 using gx::factory::owned;
 using gx::factory::parameter_slots;
 
-/* comp[0]: the horizontal system the points are given in (0: none); comp[1], comp[2]: the
-   first and second vertical systems; comp[3]: the height method; its parameters. */
+// comp[0]: the horizontal system the points are given in (0: none); comp[1], comp[2]: the
+// first and second vertical systems; comp[3]: the height method; its parameters.
 void *assemble_verttran(const gx_defrec &rec, gx_err_rec *err)
 {
     parameter_slots parameters;

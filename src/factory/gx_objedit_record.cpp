@@ -1,12 +1,10 @@
-/*
- * gx_objedit_record.cpp -- user definition entries made into definition records.
- *
- * A record has the shape of the built-in ones (gx_defdata.h), so the factory builds objects
- * from either source alike.  What can be checked in the entry itself is checked here, with the
- * token as the user wrote it in the message: values out of range, names that name no code,
- * parameters given twice, without a value, or not taken by the object or its method.  Whether
- * the components build is left to the factory.
- */
+// gx_objedit_record.cpp -- user definition entries made into definition records.
+//
+// A record has the shape of the built-in ones (gx_defdata.h), so the factory builds objects
+// from either source alike.  What can be checked in the entry itself is checked here, with the
+// token as the user wrote it in the message: values out of range, names that name no code,
+// parameters given twice, without a value, or not taken by the object or its method.  Whether
+// the components build is left to the factory.
 #include "factory/gx_objedit_record.h"
 
 #include <stdlib.h>
@@ -20,49 +18,131 @@ constexpr int max_method_parms = 16;
 
 } // namespace
 
-/* Read in this order; the fields fill comp[] and value[] as gx_defdata.h lays them out. */
+// Read in this order; the fields fill comp[] and value[] as gx_defdata.h lays them out.
 const gx_objedit_layout gx_objedit_layouts[] = {
-    {GX_TYPE_GEOGCS, "geogcs", 6, false,
+    {GX_TYPE_GEOGCS,
+     "geogcs",
+     6,
+     false,
      {{GX_OBJEDIT_COMPONENT, 0, GX_OBJEDIT_ANY, 206, "Invalid datum factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 1, GX_OBJEDIT_ANY, 213, "Invalid prime meridian factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 2, GX_OBJEDIT_NOT_LINEAR, 211,
        "Invalid angular unit factory code (%s)"}},
-     GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD, -1, {}},
-    {GX_TYPE_PROJCS, "projcs", 6, true,
+     GX_OBJEDIT_NO_ITEMS,
+     -1,
+     0,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_PROJCS,
+     "projcs",
+     6,
+     true,
      {{GX_OBJEDIT_COMPONENT, 0, GX_OBJEDIT_ANY, 203, "Invalid geographic CS factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 1, GX_OBJEDIT_ANY, 217, "Invalid projection factory code (%s)"}},
-     GX_OBJEDIT_UNIT_AND_PARMS, 2, 107, GX_OBJEDIT_NO_METHOD, -1, {}},
-    {GX_TYPE_VERTCS, "vertcs", 9, false,
+     GX_OBJEDIT_UNIT_AND_PARMS,
+     2,
+     107,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_VERTCS,
+     "vertcs",
+     9,
+     false,
      {{GX_OBJEDIT_COMPONENT, 0, GX_OBJEDIT_ANY, 208,
        "Invalid datum or vertical datum factory code (%s)"}},
-     GX_OBJEDIT_UNIT_AND_PARMS, 1, 107, GX_OBJEDIT_NO_METHOD, -1,
+     GX_OBJEDIT_UNIT_AND_PARMS,
+     1,
+     107,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
      {{100007, 119, "Missing direction parameter in objedit entry"},
       {100006, 120, "Missing vertical shift parameter in objedit entry"}}},
-    {GX_TYPE_DATUM, "datum", 4, false,
+    {GX_TYPE_DATUM,
+     "datum",
+     4,
+     false,
      {{GX_OBJEDIT_COMPONENT, 0, GX_OBJEDIT_ANY, 214, "Invalid spheroid factory code (%s)"}},
-     GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD, -1, {}},
-    {GX_TYPE_VDATUM, "vdatum", 3, false, {}, GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD,
-     -1, {}},
-    {GX_TYPE_GEOGTRAN, "geogtran", 6, true,
+     GX_OBJEDIT_NO_ITEMS,
+     -1,
+     0,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_VDATUM,
+     "vdatum",
+     3,
+     false,
+     {},
+     GX_OBJEDIT_NO_ITEMS,
+     -1,
+     0,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_GEOGTRAN,
+     "geogtran",
+     6,
+     true,
      {{GX_OBJEDIT_COMPONENT, 0, GX_OBJEDIT_ANY, 203, "Invalid geogcs1 factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 1, GX_OBJEDIT_ANY, 203, "Invalid geogcs2 factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 2, GX_OBJEDIT_ANY, 215, "Invalid method factory code (%s)"}},
-     GX_OBJEDIT_PARMS, -1, 102, GX_OBJEDIT_DATUM_SHIFT, 2, {}},
-    {GX_TYPE_UNIT, "unit", 4, false, {{GX_OBJEDIT_VALUE, 0, GX_OBJEDIT_UNIT_FACTOR, 0, nullptr}},
-     GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD, -1, {}},
-    {GX_TYPE_PRIMEM, "primem", 4, false, {{GX_OBJEDIT_VALUE, 0, GX_OBJEDIT_LONGITUDE, 0, nullptr}},
-     GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD, -1, {}},
-    {GX_TYPE_SPHEROID, "spheroid", 5, false,
+     GX_OBJEDIT_PARMS,
+     -1,
+     102,
+     GX_OBJEDIT_DATUM_SHIFT,
+     2,
+     {}},
+    {GX_TYPE_UNIT,
+     "unit",
+     4,
+     false,
+     {{GX_OBJEDIT_VALUE, 0, GX_OBJEDIT_UNIT_FACTOR, 0, nullptr}},
+     GX_OBJEDIT_NO_ITEMS,
+     -1,
+     0,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_PRIMEM,
+     "primem",
+     4,
+     false,
+     {{GX_OBJEDIT_VALUE, 0, GX_OBJEDIT_LONGITUDE, 0, nullptr}},
+     GX_OBJEDIT_NO_ITEMS,
+     -1,
+     0,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_SPHEROID,
+     "spheroid",
+     5,
+     false,
      {{GX_OBJEDIT_VALUE, 0, GX_OBJEDIT_AXIS, 0, nullptr},
       {GX_OBJEDIT_VALUE, 1, GX_OBJEDIT_INVERSE_FLATTENING, 0, nullptr}},
-     GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD, -1, {}},
-    {GX_TYPE_VERTTRAN, "verttran", 7, true,
+     GX_OBJEDIT_NO_ITEMS,
+     -1,
+     0,
+     GX_OBJEDIT_NO_METHOD,
+     -1,
+     {}},
+    {GX_TYPE_VERTTRAN,
+     "verttran",
+     7,
+     true,
      {{GX_OBJEDIT_COMPONENT, 0, GX_OBJEDIT_ANY, 219, "Invalid coordsys factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 1, GX_OBJEDIT_ANY, 220, "Invalid vertcs1 factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 2, GX_OBJEDIT_ANY, 221, "Invalid vertcs2 factory code (%s)"},
       {GX_OBJEDIT_COMPONENT, 3, GX_OBJEDIT_HORIZONTAL_FITS, 222,
        "Invalid vtmethod factory code (%s)"}},
-     GX_OBJEDIT_PARMS, -1, 102, GX_OBJEDIT_HEIGHT, 3, {}},
+     GX_OBJEDIT_PARMS,
+     -1,
+     102,
+     GX_OBJEDIT_HEIGHT,
+     3,
+     {}},
     {0, nullptr, 0, false, {}, GX_OBJEDIT_NO_ITEMS, -1, 0, GX_OBJEDIT_NO_METHOD, -1, {}},
 };
 
@@ -78,11 +158,11 @@ const gx_objedit_layout *gx_objedit_layout_of(int type)
 
 namespace {
 
-/* The messages of the value rules. */
+// The messages of the value rules.
 struct rule_message {
     gx_objedit_rule rule;
     unsigned int number;
-    const char *format; /* formatted with the token */
+    const char *format; // formatted with the token
 };
 
 constexpr rule_message rule_messages[] = {
@@ -95,21 +175,21 @@ constexpr rule_message rule_messages[] = {
     {GX_OBJEDIT_HORIZONTAL_FITS, 115, "Invalid coordsys type for vtmethod (%s) in object entry"},
 };
 
-/* A record while it is being filled: texts still point into the entry. */
+// A record while it is being filled: texts still point into the entry.
 struct draft {
     gx_defrec rec;
     gx_defparm parms[max_parms];
 };
 
-/* The parameters a transformation's method takes. */
+// The parameters a transformation's method takes.
 struct method_parms {
-    bool known; /* the method is in its registry */
-    bool needs_geogcs; /* a height method that reads the points' positions */
+    bool known;        // the method is in its registry
+    bool needs_geogcs; // a height method that reads the points' positions
     int count;
     int codes[max_method_parms];
 };
 
-/* Where the errors of one entry go, and whether the first one ends it. */
+// Where the errors of one entry go, and whether the first one ends it.
 struct checker {
     gx_err_rec *rec;
     bool stop_at_error;
@@ -130,10 +210,7 @@ void report(checker *c, unsigned int level, unsigned int number, const char *for
         c->failed = true;
 }
 
-bool going_on(const checker *c)
-{
-    return !(c->failed && c->stop_at_error);
-}
+bool going_on(const checker *c) { return !(c->failed && c->stop_at_error); }
 
 const char *token(const gx_deftokens *entry, int i)
 {
@@ -149,7 +226,7 @@ int field_count(const gx_objedit_layout *layout)
     return n;
 }
 
-/* The token that gives comp[slot]. */
+// The token that gives comp[slot].
 const char *component_token(const gx_objedit_layout *layout, const gx_deftokens *entry, int slot)
 {
     for (int i = 0; i < field_count(layout); i++)
@@ -180,7 +257,7 @@ bool has_parm(const draft *d, int code)
     return false;
 }
 
-/* Collects the codes of the parameters in a default set, releasing them. */
+// Collects the codes of the parameters in a default set, releasing them.
 void collect_codes(gx_parameter *slots[16], method_parms *set)
 {
     for (int i = 0; i < 16; i++) {
@@ -190,8 +267,8 @@ void collect_codes(gx_parameter *slots[16], method_parms *set)
     }
 }
 
-/* The parameter set of a datum-shift or height method from its registry; not known for an
-   unknown method (the factory reports it) or when its objects cannot be made. */
+// The parameter set of a datum-shift or height method from its registry; not known for an
+// unknown method (the factory reports it) or when its objects cannot be made.
 method_parms datum_shift_parms(int code)
 {
     method_parms set{};
@@ -235,8 +312,8 @@ method_parms parameters_of_method(gx_objedit_method kind, int code)
     return method_parms{};
 }
 
-/* A height method that reads positions wants a geographic CS.  A code of any other kind than
-   none, geographic or projected is the factory's to report. */
+// A height method that reads positions wants a geographic CS.  A code of any other kind than
+// none, geographic or projected is the factory's to report.
 bool horizontal_fits(int horizontal_code, const method_parms *set)
 {
     if (!set->known || !set->needs_geogcs)
@@ -273,8 +350,8 @@ void report_rule(checker *c, gx_objedit_rule rule, const char *text)
             report(c, GX_ERRLVL_ERROR, m.number, m.format, text);
 }
 
-/* A code token: a number or a macro name.  0 is a code ("none" where the record allows it);
-   a name that names nothing is an error. */
+// A code token: a number or a macro name.  0 is a code ("none" where the record allows it);
+// a name that names nothing is an error.
 int read_component(checker *c, const gx_objedit_field *field, const char *text)
 {
     int code = gx_factory_defstring_to_int(text);
@@ -283,9 +360,9 @@ int read_component(checker *c, const gx_objedit_field *field, const char *text)
     return code;
 }
 
-/* Tokens 3 onward up to the items.  The method's parameter set is known once its code is. */
-void read_fields(checker *c, const gx_objedit_layout *layout, const gx_deftokens *entry,
-                 draft *d, method_parms *set)
+// Tokens 3 onward up to the items.  The method's parameter set is known once its code is.
+void read_fields(checker *c, const gx_objedit_layout *layout, const gx_deftokens *entry, draft *d,
+                 method_parms *set)
 {
     for (int i = 0; i < field_count(layout) && going_on(c); i++) {
         const gx_objedit_field *field = &layout->fields[i];
@@ -306,8 +383,8 @@ void read_fields(checker *c, const gx_objedit_layout *layout, const gx_deftokens
     }
 }
 
-/* Whether a parameter belongs in the entry; reports why not.  A parameter outside a height
-   method's set is only warned of. */
+// Whether a parameter belongs in the entry; reports why not.  A parameter outside a height
+// method's set is only warned of.
 bool parameter_allowed(checker *c, const gx_objedit_layout *layout, const gx_deftokens *entry,
                        const method_parms *set, const gx_parmlist_entry *row, const char *text)
 {
@@ -334,8 +411,8 @@ void add_parm(draft *d, int code, const char *value)
     parm->text = code == dataset_code ? value : nullptr;
 }
 
-/* The items after the fields: parameter codes each followed by its value, and where the type
-   has one, the unit code (a later unit item replaces an earlier one). */
+// The items after the fields: parameter codes each followed by its value, and where the type
+// has one, the unit code (a later unit item replaces an earlier one).
 void read_items(checker *c, const gx_objedit_layout *layout, const gx_deftokens *entry, draft *d,
                 const method_parms *set)
 {
@@ -361,8 +438,8 @@ void read_items(checker *c, const gx_objedit_layout *layout, const gx_deftokens 
         }
         if (i + 1 >= entry->count) {
             if (going_on(c))
-                report(c, GX_ERRLVL_ERROR, 116,
-                       "Missing value for parameter (%s) in objedit entry", text);
+                report(c, GX_ERRLVL_ERROR, 116, "Missing value for parameter (%s) in objedit entry",
+                       text);
             break;
         }
         i++;
@@ -373,7 +450,7 @@ void read_items(checker *c, const gx_objedit_layout *layout, const gx_deftokens 
         report(c, GX_ERRLVL_ERROR, 121, "Missing unit in objedit entry");
 }
 
-/* What the whole parameter list must satisfy. */
+// What the whole parameter list must satisfy.
 void check_parameters(checker *c, const gx_objedit_layout *layout, const gx_deftokens *entry,
                       const draft *d, const method_parms *set)
 {
@@ -383,13 +460,12 @@ void check_parameters(checker *c, const gx_objedit_layout *layout, const gx_deft
     if (!set->known || !going_on(c))
         return;
     if (layout->method == GX_OBJEDIT_DATUM_SHIFT && d->rec.parm_count != set->count)
-        report(c, GX_ERRLVL_ERROR, 109,
-               "Number of parameters (%d) in objedit entry should be %d", d->rec.parm_count,
-               set->count);
+        report(c, GX_ERRLVL_ERROR, 109, "Number of parameters (%d) in objedit entry should be %d",
+               d->rec.parm_count, set->count);
     if (layout->method != GX_OBJEDIT_HEIGHT)
         return;
-    /* A grid method without its dataset name is told apart from a formula method without one
-       of its values. */
+    // A grid method without its dataset name is told apart from a formula method without one
+    // of its values.
     for (int i = 0; i < set->count; i++) {
         if (!has_parm(d, set->codes[i])) {
             report(c, GX_ERRLVL_ERROR, set->codes[i] == dataset_code ? 117 : 118,
@@ -409,7 +485,7 @@ char *copy_text(char **space, const char *text)
     return copy;
 }
 
-/* The draft as one heap block: the record, its parameters, then its texts. */
+// The draft as one heap block: the record, its parameters, then its texts.
 gx_defrec *copy_record(const draft *d)
 {
     static_assert(sizeof(gx_defrec) % alignof(gx_defparm) == 0, "parameters follow the record");

@@ -1,17 +1,15 @@
-/*
- * gx_objedithome.cpp -- the user definition directory: reading its files, looking entries up.
- *
- * The directory holds one file per type, named after the type ("datum", or "datum.txt" when
- * there is no "datum").  Each line is one entry in the syntax of the built-in definition data;
- * a line whose keyword, token count or code is wrong is reported and skipped, and the other
- * lines still load.  The entries of a file are kept sorted by code (and by line for equal
- * codes, the first one winning), and the files in a list.
- *
- * The definitions are process-wide and unguarded.  They are read when the directory is set to
- * a string other than the current one -- by a call, by gx_factory_init, or by the first lookup
- * from GXOBJEDITHOME -- and dropped by gx_factory_uninit.  A record made from an entry is kept
- * with it, so what a lookup returns lives as long as the definitions.
- */
+// gx_objedithome.cpp -- the user definition directory: reading its files, looking entries up.
+//
+// The directory holds one file per type, named after the type ("datum", or "datum.txt" when
+// there is no "datum").  Each line is one entry in the syntax of the built-in definition data;
+// a line whose keyword, token count or code is wrong is reported and skipped, and the other
+// lines still load.  The entries of a file are kept sorted by code (and by line for equal
+// codes, the first one winning), and the files in a list.
+//
+// The definitions are process-wide and unguarded.  They are read when the directory is set to
+// a string other than the current one -- by a call, by gx_factory_init, or by the first lookup
+// from GXOBJEDITHOME -- and dropped by gx_factory_uninit.  A record made from an entry is kept
+// with it, so what a lookup returns lives as long as the definitions.
 #include "factory/gx_objedithome.h"
 
 #include "factory/gx_defstring_compare.h"
@@ -22,23 +20,23 @@
 
 namespace {
 
-constexpr int dir_max = 245;        /* characters of the directory */
-constexpr int file_name_len = 256;  /* the file name as opened, including the NUL */
+constexpr int dir_max = 245;       // characters of the directory
+constexpr int file_name_len = 256; // the file name as opened, including the NUL
 constexpr int path_len = dir_max + 1 + file_name_len;
 
 struct entry_node {
-    entry_node *next; /* while the file is read */
+    entry_node *next; // while the file is read
     int code;
-    int line;           /* where the entry begins */
+    int line; // where the entry begins
     gx_deftokens *tokens;
-    gx_defrec *record;  /* made on the first lookup that finds the entry sound */
+    gx_defrec *record; // made on the first lookup that finds the entry sound
 };
 
 struct file_node {
     file_node *next;
     int type;
     char name[file_name_len];
-    entry_node **entries; /* ascending by (code, line) */
+    entry_node **entries; // ascending by (code, line)
     int count;
 };
 
@@ -88,15 +86,17 @@ int entry_compare(const void *a, const void *b)
     return (x->line > y->line) - (x->line < y->line);
 }
 
-/* The list as an array sorted by (code, line), or null when memory runs out. */
+// The list as an array sorted by (code, line), or null when memory runs out.
 entry_node **entries_sorted(entry_node *head, int count)
 {
-    auto **array = static_cast<entry_node **>(gx_allocate_rtn(sizeof(entry_node *) * count));
+    // An array of pointers to the nodes: sizeof a pointer is meant.
+    auto **array = static_cast<entry_node **>(
+        gx_allocate_rtn(sizeof(entry_node *) * count)); // NOLINT(bugprone-sizeof-expression)
     if (array == nullptr)
         return nullptr;
     for (int i = 0; i < count; i++, head = head->next)
         array[i] = head;
-    qsort(array, count, sizeof *array, entry_compare);
+    qsort(array, count, sizeof *array, entry_compare); // NOLINT(bugprone-sizeof-expression)
     return array;
 }
 
@@ -119,8 +119,8 @@ void file_list_del(file_node *head)
     }
 }
 
-/* Opens dir/<name>, or dir/<name>.txt when there is no dir/<name>; name receives the form
-   used.  Null when neither can be read. */
+// Opens dir/<name>, or dir/<name>.txt when there is no dir/<name>; name receives the form
+// used.  Null when neither can be read.
 FILE *open_definitions(const char *dir, const char *type_name, char name[file_name_len])
 {
     char path[path_len];
@@ -145,7 +145,7 @@ void report(gx_err_rec *err, unsigned int number, const char *context, const cha
     va_end(args);
 }
 
-/* The code of token 1: a decimal number, nothing else (0 otherwise, which no range holds). */
+// The code of token 1: a decimal number, nothing else (0 otherwise, which no range holds).
 int code_of(const char *text)
 {
     char *end;
@@ -155,7 +155,7 @@ int code_of(const char *text)
     return static_cast<int>(code);
 }
 
-/* Whether an entry has the keyword, token count and code of its file; reports why not. */
+// Whether an entry has the keyword, token count and code of its file; reports why not.
 bool entry_fits(const gx_objedit_layout *layout, const gx_deftokens *tokens, const char *context,
                 gx_err_rec *err)
 {
@@ -183,7 +183,7 @@ void line_context(char *context, const char *name, int line)
     snprintf(context, GX_OBJEDIT_CONTEXT_LEN, "objedit file \"%s\" line %d", name, line);
 }
 
-/* The sound entries of a file, newest first; *count receives how many. */
+// The sound entries of a file, newest first; *count receives how many.
 entry_node *read_entries(FILE *fp, const char *name, const gx_objedit_layout *layout,
                          gx_err_rec *err, int *count)
 {
@@ -216,7 +216,7 @@ entry_node *read_entries(FILE *fp, const char *name, const gx_objedit_layout *la
     return head;
 }
 
-/* Entries with the code of the one before them are kept (the first one wins) and reported. */
+// Entries with the code of the one before them are kept (the first one wins) and reported.
 void report_duplicates(entry_node *const *entries, int count, const char *name, gx_err_rec *err)
 {
     for (int i = 1; i < count; i++) {
@@ -229,8 +229,8 @@ void report_duplicates(entry_node *const *entries, int count, const char *name, 
     }
 }
 
-/* Reads the file of one type into a new node in front of `list` and adds the type to *mask
-   when it holds at least one sound entry.  Errors go to err (may be null). */
+// Reads the file of one type into a new node in front of `list` and adds the type to *mask
+// when it holds at least one sound entry.  Errors go to err (may be null).
 file_node *list_add(file_node *list, int *mask, const char *dir, const gx_objedit_layout *layout,
                     gx_err_rec *err)
 {
@@ -277,7 +277,7 @@ const file_node *file_of_type(int type)
     return nullptr;
 }
 
-/* The first entry of a code in a file, by binary search. */
+// The first entry of a code in a file, by binary search.
 entry_node *first_with_code(const file_node *file, int code)
 {
     int low = 0;
@@ -292,7 +292,7 @@ entry_node *first_with_code(const file_node *file, int code)
     return low < file->count && file->entries[low]->code == code ? file->entries[low] : nullptr;
 }
 
-/* The entry of (type, code) and its file, or null; reads the directory on first use. */
+// The entry of (type, code) and its file, or null; reads the directory on first use.
 entry_node *find_entry(int type, int code, const file_node **file_out)
 {
     if (!directory_set)
@@ -340,10 +340,7 @@ int gx_objedithome_setfunc(const char *(*routine)(void))
     return gx_objedithome_setdir(routine != nullptr ? routine() : nullptr);
 }
 
-int gx_objedithome_is_set(void)
-{
-    return directory_set ? 1 : 0;
-}
+int gx_objedithome_is_set(void) { return directory_set ? 1 : 0; }
 
 int gx_factory_init(int, int register_exit)
 {
@@ -355,10 +352,7 @@ int gx_factory_init(int, int register_exit)
     return gx_atexit(gx_factory_uninit);
 }
 
-void gx_factory_uninit(void)
-{
-    gx_objedithome_setdir(nullptr);
-}
+void gx_factory_uninit(void) { gx_objedithome_setdir(nullptr); }
 
 // ---- lookups ---------------------------------------------------------------------------------
 
@@ -383,8 +377,8 @@ const gx_defrec *gx_objedit_find(int type, int code, gx_err_rec *err)
         return nullptr;
     char context[GX_OBJEDIT_CONTEXT_LEN];
     entry_context(context, file, entry);
-    /* The entry is checked at every lookup, so that its warnings reach every caller; the
-       record of the first sound lookup is the one kept. */
+    // The entry is checked at every lookup, so that its warnings reach every caller; the
+    // record of the first sound lookup is the one kept.
     gx_defrec *record =
         gx_objedit_record_new(gx_objedit_layout_of(file->type), entry->tokens, context, err);
     if (record == nullptr)

@@ -1,11 +1,9 @@
-/*
- * gx_objedithome.h -- the user definition directory, as the factory reads it.
- *
- * Users keep their own object definitions in text files of the directory named by
- * GXOBJEDITHOME (or set through gx_objedithome_setdir), one file per type, in the syntax of
- * the built-in definition data.  Each valid entry becomes a record of the same shape as the
- * built-in ones, so the factory builds objects from either source the same way.
- */
+// gx_objedithome.h -- the user definition directory, as the factory reads it.
+//
+// Users keep their own object definitions in text files of the directory named by
+// GXOBJEDITHOME (or set through gx_objedithome_setdir), one file per type, in the syntax of
+// the built-in definition data.  Each valid entry becomes a record of the same shape as the
+// built-in ones, so the factory builds objects from either source the same way.
 #ifndef GX_OBJEDITHOME_H
 #define GX_OBJEDITHOME_H
 
@@ -39,4 +37,4 @@ const gx_defrec *gx_objedit_find(int type, int code, gx_err_rec *err);
 // entry stays owned by the definitions.
 const gx_deftokens *gx_objedithome_find(int type, int code, char *context);
 
-#endif /* GX_OBJEDITHOME_H */
+#endif // GX_OBJEDITHOME_H

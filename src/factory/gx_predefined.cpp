@@ -1,12 +1,10 @@
-/*
- * gx_predefined.cpp -- tables of the predefined objects of a type: code and name, sorted by
- * name.
- *
- * A table is made by building every code of the type's ranges and keeping the objects that
- * come from the current definitions or from user definitions; changed, discontinued and
- * retired codes are left out.  Like the reverse code lookup this builds thousands of objects
- * for the wide types and is meant for occasional use.
- */
+// gx_predefined.cpp -- tables of the predefined objects of a type: code and name, sorted by
+// name.
+//
+// A table is made by building every code of the type's ranges and keeping the objects that
+// come from the current definitions or from user definitions; changed, discontinued and
+// retired codes are left out.  Like the reverse code lookup this builds thousands of objects
+// for the wide types and is meant for occasional use.
 #include "gridex.h"
 
 #include <algorithm>
@@ -14,12 +12,12 @@
 
 namespace {
 
-/* The worst status an object may have to be listed. */
+// The worst status an object may have to be listed.
 constexpr unsigned int last_listed_status = GX_STATUS_USER;
 constexpr int initial_room = 256;
 
-/* Appends {code, name} when code builds an object that is listed; false when the append
-   fails. */
+// Appends {code, name} when code builds an object that is listed; false when the append
+// fails.
 bool collect_code(int type, int code, gx_seq *entries)
 {
     gx_err_rec err;
@@ -50,8 +48,8 @@ bool by_name(const gx_table_entry &a, const gx_table_entry &b)
     return gx_strcmp_ci(a.name, b.name) < 0;
 }
 
-/* The entries as one allocated array, sorted by name and ended by {0, ""}; null when there
-   are none or memory runs out. */
+// The entries as one allocated array, sorted by name and ended by {0, ""}; null when there
+// are none or memory runs out.
 gx_table_entry *table_create(const gx_seq *entries, int *count)
 {
     const int n = gx_seq_length(entries);
@@ -99,11 +97,8 @@ void gx_table_del(gx_table_entry *table)
         gx_deallocate_rtn(table);
 }
 
-#define GX_DEFINE_PREDEFINED(name, type)                                                      \
-    gx_table_entry *gx_predefined_##name(int *count)                                          \
-    {                                                                                         \
-        return gx_predefined_object(type, count);                                             \
-    }
+#define GX_DEFINE_PREDEFINED(name, type)                                                           \
+    gx_table_entry *gx_predefined_##name(int *count) { return gx_predefined_object(type, count); }
 
 GX_DEFINE_PREDEFINED(geogcs, GX_TYPE_GEOGCS)
 GX_DEFINE_PREDEFINED(projcs, GX_TYPE_PROJCS)

@@ -1,11 +1,9 @@
-/*
- * gx_datum_shift.h -- what the formula-based datum shifts share: the slots of the parameter
- * vector, the finishing rule of every shifted point, the per-point geocentric round trip of the
- * Helmert family and the loop of the two Molodensky formulas.
- *
- * Points are (longitude, latitude) pairs in radians about Greenwich; heights, when given, are
- * ellipsoidal heights in metres, otherwise 0 and the new height is dropped.
- */
+// gx_datum_shift.h -- what the formula-based datum shifts share: the slots of the parameter
+// vector, the finishing rule of every shifted point, the per-point geocentric round trip of the
+// Helmert family and the loop of the two Molodensky formulas.
+//
+// Points are (longitude, latitude) pairs in radians about Greenwich; heights, when given, are
+// ellipsoidal heights in metres, otherwise 0 and the new height is dropped.
 #ifndef GX_GEOGTRAN_GX_DATUM_SHIFT_H
 #define GX_GEOGTRAN_GX_DATUM_SHIFT_H
 
@@ -17,54 +15,64 @@
 
 namespace gx::geogtran {
 
-/* Slots of the parameter vector: translations (m), rotations (rad), scale difference (ratio)
-   and the rotation origin of Molodensky-Badekas (m). */
+// Slots of the parameter vector: translations (m), rotations (rad), scale difference (ratio)
+// and the rotation origin of Molodensky-Badekas (m).
 enum Slot : int {
-    kTx = 0, kTy = 1, kTz = 2,
-    kRx = 3, kRy = 4, kRz = 5,
+    kTx = 0,
+    kTy = 1,
+    kTz = 2,
+    kRx = 3,
+    kRy = 4,
+    kRz = 5,
     kScale = 6,
-    kXp = 7, kYp = 8, kZp = 9,
+    kXp = 7,
+    kYp = 8,
+    kZp = 9,
     kSlotCount = 16
 };
 
 using gx::math::kHalfPi;
-using gx::math::kTol; /* 2^-48 */
+using gx::math::kTol; // 2^-48
 
 struct Ellipsoid {
-    double a;  /* semi-major axis, metres */
-    double e2; /* squared first eccentricity */
+    double a;  // semi-major axis, metres
+    double e2; // squared first eccentricity
 };
 
 inline Ellipsoid ellipsoid_of(const double pair[2]) { return {pair[0], pair[1]}; }
 
-/* f = 1 - sqrt(1 - e2), written without the cancellation of the difference. */
+// f = 1 - sqrt(1 - e2), written without the cancellation of the difference.
 inline double flattening(double e2) { return e2 / (1.0 + std::sqrt(1.0 - e2)); }
 
-/* The finishing rule of every geodetic method: a latitude pushed beyond a pole is held at the
-   pole (not folded back), and the longitude is reduced to [-pi, pi]. */
-inline void store_point(double *point, double lat, double lon) {
-    if (lat > kHalfPi) lat = kHalfPi;
-    if (lat < -kHalfPi) lat = -kHalfPi;
+// The finishing rule of every geodetic method: a latitude pushed beyond a pole is held at the
+// pole (not folded back), and the longitude is reduced to [-pi, pi].
+inline void store_point(double *point, double lat, double lon)
+{
+    if (lat > kHalfPi)
+        lat = kHalfPi;
+    if (lat < -kHalfPi)
+        lat = -kHalfPi;
     point[0] = gx_delta(lon);
     point[1] = lat;
 }
 
-using Vec3 = std::array<double, 3>; /* geocentric X, Y, Z in metres */
+using Vec3 = std::array<double, 3>; // geocentric X, Y, Z in metres
 
-template <class T>
-std::array<T, 3> operator+(const std::array<T, 3> &u, const std::array<T, 3> &v) {
+template <class T> std::array<T, 3> operator+(const std::array<T, 3> &u, const std::array<T, 3> &v)
+{
     return {u[0] + v[0], u[1] + v[1], u[2] + v[2]};
 }
-template <class T>
-std::array<T, 3> operator-(const std::array<T, 3> &u, const std::array<T, 3> &v) {
+template <class T> std::array<T, 3> operator-(const std::array<T, 3> &u, const std::array<T, 3> &v)
+{
     return {u[0] - v[0], u[1] - v[1], u[2] - v[2]};
 }
 
-/* The geocentric round trip: each point goes to cartesian coordinates on `from`, through
-   `map` (a Vec3 -> Vec3 callable) and back to geodetic coordinates on `to`. */
+// The geocentric round trip: each point goes to cartesian coordinates on `from`, through
+// `map` (a Vec3 -> Vec3 callable) and back to geodetic coordinates on `to`.
 template <class Map>
 int shift_geocentric(Ellipsoid from, Ellipsoid to, int n, double *points, double *heights,
-                     const Map &map) {
+                     const Map &map)
+{
     for (int i = 0; i < n; ++i) {
         double *point = points + 2 * i;
         Vec3 x;
@@ -74,36 +82,39 @@ int shift_geocentric(Ellipsoid from, Ellipsoid to, int n, double *points, double
         double lat, lon, h;
         gx_cart_to_curv(to.a, to.e2, y[0], y[1], y[2], &lat, &lon, &h);
         store_point(point, lat, lon);
-        if (heights) heights[i] = h;
+        if (heights)
+            heights[i] = h;
     }
     return n;
 }
 
-/* ---- Molodensky ------------------------------------------------------------------------- */
+// ---- Molodensky -------------------------------------------------------------------------
 
-/* What one Molodensky call holds fixed: the source ellipsoid, the differences of the target
-   from it and the translations. */
+// What one Molodensky call holds fixed: the source ellipsoid, the differences of the target
+// from it and the translations.
 struct MolodenskyShift {
-    double a, e2, f;    /* source ellipsoid */
-    double da, df;      /* a2 - a1, f2 - f1 */
-    double tx, ty, tz;  /* geocentric translations, metres */
+    double a, e2, f;   // source ellipsoid
+    double da, df;     // a2 - a1, f2 - f1
+    double tx, ty, tz; // geocentric translations, metres
 };
 
-inline MolodenskyShift molodensky_shift(Ellipsoid from, Ellipsoid to, const double parms[16]) {
+inline MolodenskyShift molodensky_shift(Ellipsoid from, Ellipsoid to, const double parms[16])
+{
     const double f1 = flattening(from.e2), f2 = flattening(to.e2);
     return {from.a, from.e2, f1, to.a - from.a, f2 - f1, parms[kTx], parms[kTy], parms[kTz]};
 }
 
-/* A point with the translation resolved along its local north, east and up directions, and
-   the radii of curvature of the source ellipsoid there. */
+// A point with the translation resolved along its local north, east and up directions, and
+// the radii of curvature of the source ellipsoid there.
 struct LocalPoint {
     double sphi, cphi;
-    double north, east, up; /* metres */
-    double m, n, w;         /* meridian and prime-vertical radii, w = sqrt(1 - e2 sin^2 phi) */
+    double north, east, up; // metres
+    double m, n, w;         // meridian and prime-vertical radii, w = sqrt(1 - e2 sin^2 phi)
     double h;
 };
 
-inline LocalPoint local_point(const MolodenskyShift &s, double phi, double lam, double h) {
+inline LocalPoint local_point(const MolodenskyShift &s, double phi, double lam, double h)
+{
     const double sphi = std::sin(phi), cphi = std::cos(phi);
     const double slam = std::sin(lam), clam = std::cos(lam);
     LocalPoint p;
@@ -119,9 +130,10 @@ inline LocalPoint local_point(const MolodenskyShift &s, double phi, double lam, 
     return p;
 }
 
-/* The change of longitude for an eastward shift `east` on a parallel of radius
-   radius * cos(phi); none at a pole, where every longitude names the same point. */
-inline double longitude_change(double east, double radius, double cphi) {
+// The change of longitude for an eastward shift `east` on a parallel of radius
+// radius * cos(phi); none at a pole, where every longitude names the same point.
+inline double longitude_change(double east, double radius, double cphi)
+{
     const bool at_pole = std::fabs(cphi) <= (1.0 + std::fabs(cphi) / 2.0) * kTol;
     return at_pole ? 0.0 : east / (radius * cphi);
 }
@@ -130,12 +142,12 @@ struct GeodeticChange {
     double phi, lam, h;
 };
 
-/* The loop of both Molodensky forms: `change` (a callable of the shift and a local point
-   giving a GeodeticChange) is added to each point, which is then finished as usual. */
+// The loop of both Molodensky forms: `change` (a callable of the shift and a local point
+// giving a GeodeticChange) is added to each point, which is then finished as usual.
 template <class Change>
-int shift_molodensky(const double ellipsoid1[2], const double ellipsoid2[2],
-                     const double parms[16], int n, double *points, double *heights,
-                     const Change &change) {
+int shift_molodensky(const double ellipsoid1[2], const double ellipsoid2[2], const double parms[16],
+                     int n, double *points, double *heights, const Change &change)
+{
     const MolodenskyShift s =
         molodensky_shift(ellipsoid_of(ellipsoid1), ellipsoid_of(ellipsoid2), parms);
     for (int i = 0; i < n; ++i) {
@@ -143,16 +155,18 @@ int shift_molodensky(const double ellipsoid1[2], const double ellipsoid2[2],
         const double lam = point[0], phi = point[1], h = heights ? heights[i] : 0.0;
         const GeodeticChange d = change(s, local_point(s, phi, lam, h));
         store_point(point, phi + d.phi, lam + d.lam);
-        if (heights) heights[i] = h + d.h;
+        if (heights)
+            heights[i] = h + d.h;
     }
     return n;
 }
 
-/* The Molodensky inverses are not iterated: the forward formula is applied once from the
-   second ellipsoid to the first with the translations negated. */
+// The Molodensky inverses are not iterated: the forward formula is applied once from the
+// second ellipsoid to the first with the translations negated.
 inline int molodensky_reverse(gx_mth_rtn forward, const double ellipsoid1[2],
                               const double ellipsoid2[2], const double parms[16], int n,
-                              double *points, double *heights) {
+                              double *points, double *heights)
+{
     double back[kSlotCount] = {};
     back[kTx] = -parms[kTx];
     back[kTy] = -parms[kTy];

@@ -152,8 +152,8 @@ int gx_geog_to_geog(gx_geogtran *gt, int n, double *points, double *heights, int
     const geographic_side &to = direction == 0 ? side2 : side1;
     const gx_mth_rtn routine = direction == 0 ? forward : inverse;
     to_greenwich_radians(from, n, points);
-    const int converted = routine(side1.ellipsoid, side2.ellipsoid, input.parms, dataset, n,
-                                  points, heights, input.ivals, input.fvals, input.dvals);
+    const int converted = routine(side1.ellipsoid, side2.ellipsoid, input.parms, dataset, n, points,
+                                  heights, input.ivals, input.fvals, input.dvals);
     from_greenwich_radians(to, n, points);
     return converted;
 }

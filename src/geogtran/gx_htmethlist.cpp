@@ -22,9 +22,15 @@ gx_htmethod *htmethod_from_row(const gx_htmethlist_entry &row, gx_err_rec *err)
 }
 
 constexpr gx::method_registry<gx_htmethlist_entry, gx_htmethod> registry = {
-    htmethods, htmethod_synonyms, htmethod_from_row,
-    "gx_htmethlist_htmethod_from_code", 216, "Invalid htmethod factory code (%d)",
-    "gx_htmethlist_htmethod_from_name", 306, "Invalid htmethod name \"%s\"",
+    htmethods,
+    htmethod_synonyms,
+    htmethod_from_row,
+    "gx_htmethlist_htmethod_from_code",
+    216,
+    "Invalid htmethod factory code (%d)",
+    "gx_htmethlist_htmethod_from_name",
+    306,
+    "Invalid htmethod name \"%s\"",
 };
 
 } // namespace

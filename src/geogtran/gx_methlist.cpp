@@ -13,14 +13,14 @@ namespace {
 constexpr gx_mth_rtn pending = nullptr;
 constexpr gx_mth_const_rtn no_constants = nullptr;
 
-constexpr gx_methlist_entry epsg(int code, const char *name, gx_mth_rtn forward,
-                                 gx_mth_rtn inverse, gx_mth_const_rtn constfunc)
+constexpr gx_methlist_entry epsg(int code, const char *name, gx_mth_rtn forward, gx_mth_rtn inverse,
+                                 gx_mth_const_rtn constfunc)
 {
     return {code, "EPSG", "6.13", name, forward, inverse, constfunc};
 }
 
-constexpr gx_methlist_entry tavu(int code, const char *name, gx_mth_rtn forward,
-                                 gx_mth_rtn inverse, gx_mth_const_rtn constfunc)
+constexpr gx_methlist_entry tavu(int code, const char *name, gx_mth_rtn forward, gx_mth_rtn inverse,
+                                 gx_mth_const_rtn constfunc)
 {
     return {code, "TAVU", "9.3.0", name, forward, inverse, constfunc};
 }
@@ -31,8 +31,7 @@ constexpr gx_methlist_entry methods[] = {
          no_constants),
     tavu(109607, "Bursa_Wolf", gx_bursa_wolf_fwd, gx_bursa_wolf_inv, no_constants),
     epsg(9606, "Position_Vector", gx_position_vector_fwd, gx_position_vector_inv, no_constants),
-    epsg(9607, "Coordinate_Frame", gx_coordinate_frame_fwd, gx_coordinate_frame_inv,
-         no_constants),
+    epsg(9607, "Coordinate_Frame", gx_coordinate_frame_fwd, gx_coordinate_frame_inv, no_constants),
     epsg(9603, "Geocentric_Translation", gx_geocentric_translation_fwd,
          gx_geocentric_translation_inv, no_constants),
     epsg(9604, "Molodensky", gx_molodensky_fwd, gx_molodensky_inv, no_constants),
@@ -56,9 +55,15 @@ gx_method *method_from_row(const gx_methlist_entry &row, gx_err_rec *err)
 }
 
 constexpr gx::method_registry<gx_methlist_entry, gx_method> registry = {
-    methods, method_synonyms, method_from_row,
-    "gx_methlist_method_from_code", 215, "Invalid method factory code (%d)",
-    "gx_methlist_method_from_name", 305, "Invalid method name \"%s\"",
+    methods,
+    method_synonyms,
+    method_from_row,
+    "gx_methlist_method_from_code",
+    215,
+    "Invalid method factory code (%d)",
+    "gx_methlist_method_from_name",
+    305,
+    "Invalid method name \"%s\"",
 };
 
 } // namespace

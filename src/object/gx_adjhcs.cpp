@@ -21,13 +21,12 @@ void adjhcs_free_parts(gx_object_header *obj)
 gx_object_header *adjhcs_clone(const gx_object_header *obj)
 {
     const auto *cs = as<gx_adjhcs>(obj);
-    gx::part_copy coordsys(cs->coordsys), htmethod(cs->htmethod), array(cs->array),
-        unit(cs->unit);
+    gx::part_copy coordsys(cs->coordsys), htmethod(cs->htmethod), array(cs->array), unit(cs->unit);
     if (!coordsys.ok() || !htmethod.ok() || !array.ok() || !unit.ok())
         return nullptr;
-    gx_adjhcs *copy = gx_adjhcs_new(obj->name, coordsys.get<gx_coordsys>(),
-                                    htmethod.get<gx_htmethod>(), array.get<gx_array>(),
-                                    unit.get<gx_unit>());
+    gx_adjhcs *copy =
+        gx_adjhcs_new(obj->name, coordsys.get<gx_coordsys>(), htmethod.get<gx_htmethod>(),
+                      array.get<gx_array>(), unit.get<gx_unit>());
     if (copy != nullptr) {
         coordsys.release();
         htmethod.release();
@@ -59,17 +58,17 @@ enum adjhcs_slot { coordsys_slot, htmethod_slot, array_slot, unit_slot };
 gx_object_header *adjhcs_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {coordsys_slot, 429, "Missing coordsys in WKT string"},
-            {htmethod_slot, 436, "Missing htmethod in WKT string"},
-            {array_slot, 428, "Missing array in WKT string"},
-            {unit_slot, 446, "Missing unit in WKT string"},
-        }))
+                                      {coordsys_slot, 429, "Missing coordsys in WKT string"},
+                                      {htmethod_slot, 436, "Missing htmethod in WKT string"},
+                                      {array_slot, 428, "Missing array in WKT string"},
+                                      {unit_slot, 446, "Missing unit in WKT string"},
+                                  }))
         return nullptr;
-    return gx::built(parse, gx_adjhcs_new_errext(parse.name, parse.slots[coordsys_slot],
-                                                 as<gx_htmethod>(parse.slots[htmethod_slot]),
-                                                 as<gx_array>(parse.slots[array_slot]),
-                                                 as<gx_unit>(parse.slots[unit_slot]),
-                                                 parse.caller_err));
+    return gx::built(parse,
+                     gx_adjhcs_new_errext(parse.name, parse.slots[coordsys_slot],
+                                          as<gx_htmethod>(parse.slots[htmethod_slot]),
+                                          as<gx_array>(parse.slots[array_slot]),
+                                          as<gx_unit>(parse.slots[unit_slot]), parse.caller_err));
 }
 
 constexpr gx::wkt_sub adjhcs_subs[] = {
@@ -82,8 +81,11 @@ constexpr gx::wkt_sub adjhcs_subs[] = {
 };
 
 constexpr gx::wkt_grammar adjhcs_grammar = {
-    "ADJHCS", nullptr, "gx_adjhcs_from_string", 2, nullptr, nullptr,
-    0, {}, false, 4, adjhcs_subs, -1, nullptr, nullptr, adjhcs_build,
+    "ADJHCS", nullptr,     "gx_adjhcs_from_string",
+    2,        nullptr,     nullptr,
+    0,        {},          false,
+    4,        adjhcs_subs, -1,
+    nullptr,  nullptr,     adjhcs_build,
 };
 
 } // namespace
@@ -91,8 +93,8 @@ constexpr gx::wkt_grammar adjhcs_grammar = {
 namespace gx {
 
 constexpr type_desc adjhcs_desc = {
-    GX_TYPE_ADJHCS, "adjhcs", sizeof(gx_adjhcs), false, wkt_close::bracket_only,
-    adjhcs_free_parts, adjhcs_clone, adjhcs_equal, adjhcs_write, &adjhcs_grammar,
+    GX_TYPE_ADJHCS,    "adjhcs",     sizeof(gx_adjhcs), false,        wkt_close::bracket_only,
+    adjhcs_free_parts, adjhcs_clone, adjhcs_equal,      adjhcs_write, &adjhcs_grammar,
 };
 
 gx_object_header *adjhcs_from_tokens(const gx_token_list *list, int start, int *next,
@@ -117,12 +119,14 @@ gx_adjhcs *gx_adjhcs_new_errext(const char *name, gx_coordsys *coordsys, gx_htme
 {
     const char *function = "gx_adjhcs_new";
     gx::err_scope scope(err);
-    if (!gx::check_parts(scope.rec(), function, {
-            {coordsys, gx::coordsys_types, 338, "Null or invalid coordsys object argument"},
-            {htmethod, GX_TYPE_HTMETHOD, 336, "Null or invalid htmethod object argument"},
-            {array, GX_TYPE_ARRAY, 325, "Null or invalid array object argument"},
-            {unit, GX_TYPE_UNIT, 324, "Null or invalid unit object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {coordsys, gx::coordsys_types, 338, "Null or invalid coordsys object argument"},
+                {htmethod, GX_TYPE_HTMETHOD, 336, "Null or invalid htmethod object argument"},
+                {array, GX_TYPE_ARRAY, 325, "Null or invalid array object argument"},
+                {unit, GX_TYPE_UNIT, 324, "Null or invalid unit object argument"},
+            }))
         return nullptr;
     auto *cs = as<gx_adjhcs>(gx::new_record(gx::adjhcs_desc, name, function, scope.rec()));
     if (cs == nullptr)

@@ -68,10 +68,21 @@ gx_object_header *array_build(gx::wkt_parse &parse)
 }
 
 constexpr gx::wkt_grammar array_grammar = {
-    "ARRAY", nullptr, "gx_array_from_string", 3, nullptr,
+    "ARRAY",
+    nullptr,
+    "gx_array_from_string",
+    3,
+    nullptr,
     "Token start (%d) int WKT string is out of range", // sic: this parser's own wording
-    1, {{448, "Missing num_values in WKT string"}}, true,
-    0, nullptr, -1, nullptr, nullptr, array_build,
+    1,
+    {{448, "Missing num_values in WKT string"}},
+    true,
+    0,
+    nullptr,
+    -1,
+    nullptr,
+    nullptr,
+    array_build,
 };
 
 } // namespace
@@ -79,8 +90,8 @@ constexpr gx::wkt_grammar array_grammar = {
 namespace gx {
 
 constexpr type_desc array_desc = {
-    GX_TYPE_ARRAY, "array", sizeof(gx_array), false, wkt_close::bracket_only,
-    array_free_parts, array_clone, array_equal, array_write, &array_grammar,
+    GX_TYPE_ARRAY,    "array",     sizeof(gx_array), false,       wkt_close::bracket_only,
+    array_free_parts, array_clone, array_equal,      array_write, &array_grammar,
 };
 
 gx_object_header *array_from_tokens(const gx_token_list *list, int start, int *next,

@@ -40,8 +40,11 @@ gx_object_header *authority_build(gx::wkt_parse &parse)
 }
 
 constexpr gx::wkt_grammar authority_grammar = {
-    "AUTHORITY", nullptr, "gx_authority_from_string", 3, nullptr, nullptr,
-    0, {}, true, 0, nullptr, -1, nullptr, nullptr, authority_build,
+    "AUTHORITY", nullptr, "gx_authority_from_string",
+    3,           nullptr, nullptr,
+    0,           {},      true,
+    0,           nullptr, -1,
+    nullptr,     nullptr, authority_build,
 };
 
 } // namespace
@@ -49,8 +52,11 @@ constexpr gx::wkt_grammar authority_grammar = {
 namespace gx {
 
 constexpr type_desc authority_desc = {
-    GX_TYPE_AUTHORITY, "authority", sizeof(gx_authority), false, wkt_close::bracket_only,
-    nullptr, authority_clone, authority_equal, authority_write, &authority_grammar,
+    GX_TYPE_AUTHORITY,       "authority",
+    sizeof(gx_authority),    false,
+    wkt_close::bracket_only, nullptr,
+    authority_clone,         authority_equal,
+    authority_write,         &authority_grammar,
 };
 
 gx_object_header *authority_from_tokens(const gx_token_list *list, int start, int *next,

@@ -38,8 +38,8 @@ struct gx_parameter {
 // A named run of doubles (the values of a grid-based method, for example).  Arrays carry no code.
 struct gx_array {
     gx_object_header header;
-    int num_values;  // at least 1
-    double *values;  // owned, num_values long
+    int num_values; // at least 1
+    double *values; // owned, num_values long
 };
 
 namespace gx {

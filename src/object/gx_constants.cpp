@@ -59,10 +59,10 @@ template <class T> T *array_set(gx_constants *c, T *gx_constants::*slot, T *arra
     gx_constants *F##_new(void) { return constants_new(); }                                        \
     void F##_del(gx_constants *c) { constants_del(c); }                                            \
     int F##_p(const gx_constants *c) { return is_constants(c) ? 1 : 0; }                           \
-    int *F##_ivals(const gx_constants *c) { return array_of(c, &gx_constants::ivals); }           \
-    float *F##_fvals(const gx_constants *c) { return array_of(c, &gx_constants::fvals); }         \
-    double *F##_dvals(const gx_constants *c) { return array_of(c, &gx_constants::dvals); }        \
-    int *F##_ivals_set(gx_constants *c, int *a) { return array_set(c, &gx_constants::ivals, a); } \
+    int *F##_ivals(const gx_constants *c) { return array_of(c, &gx_constants::ivals); }            \
+    float *F##_fvals(const gx_constants *c) { return array_of(c, &gx_constants::fvals); }          \
+    double *F##_dvals(const gx_constants *c) { return array_of(c, &gx_constants::dvals); }         \
+    int *F##_ivals_set(gx_constants *c, int *a) { return array_set(c, &gx_constants::ivals, a); }  \
     float *F##_fvals_set(gx_constants *c, float *a)                                                \
     {                                                                                              \
         return array_set(c, &gx_constants::fvals, a);                                              \

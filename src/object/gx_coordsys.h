@@ -26,10 +26,10 @@ struct gx_geogcs {
 struct gx_projcs {
     gx_object_header header;
     gx_authority *auth;
-    gx_geogcs *geogcs;                                 // owned
-    gx_projection *projection;                         // owned
-    gx_parameter *parameters[gx::parameter_slots];     // owned, null = absent
-    gx_unit *unit;                                     // owned, linear
+    gx_geogcs *geogcs;                             // owned
+    gx_projection *projection;                     // owned
+    gx_parameter *parameters[gx::parameter_slots]; // owned, null = absent
+    gx_unit *unit;                                 // owned, linear
     gx_constants *constants; // the projection's precomputed constants, made and owned by the
                              // conversion driver; null until loaded
 };
@@ -188,21 +188,21 @@ gx_object_header *built(wkt_parse &parse, void *obj);
 // checks that the object is one of `TYPES`.  The union's from_string_errext, which has to choose
 // a type from the text, is written by hand.
 #define GX_DEFINE_UNION_FAMILY(T, TYPES)                                                           \
-    int T##_p(const void *obj) { return gx::is_type(obj, TYPES) ? 1 : 0; }                        \
-    T *T##_from_string(const char *text) { return T##_from_string_errext(text, nullptr); }       \
-    T *T##_clone(const T *obj) { return T##_p(obj) ? gx_object_clone(obj) : nullptr; }           \
+    int T##_p(const void *obj) { return gx::is_type(obj, TYPES) ? 1 : 0; }                         \
+    T *T##_from_string(const char *text) { return T##_from_string_errext(text, nullptr); }         \
+    T *T##_clone(const T *obj) { return T##_p(obj) ? gx_object_clone(obj) : nullptr; }             \
     void T##_del(T *obj)                                                                           \
     {                                                                                              \
         if (T##_p(obj))                                                                            \
             gx_object_del(obj);                                                                    \
     }                                                                                              \
-    int T##_eq(const T *a, const T *b) { return T##_p(a) && T##_p(b) ? gx_object_eq(a, b) : 0; } \
+    int T##_eq(const T *a, const T *b) { return T##_p(a) && T##_p(b) ? gx_object_eq(a, b) : 0; }   \
     char *T##_name(const T *obj, char *buf)                                                        \
     {                                                                                              \
         return gx::object_name(T##_p(obj) ? obj : nullptr, buf);                                   \
     }                                                                                              \
-    char *T##_to_string(const T *obj, char *buf) { return T##_to_string_ext(obj, 0, buf); }      \
-    char *T##_to_string_ext(const T *obj, int options, char *buf)                                 \
+    char *T##_to_string(const T *obj, char *buf) { return T##_to_string_ext(obj, 0, buf); }        \
+    char *T##_to_string_ext(const T *obj, int options, char *buf)                                  \
     {                                                                                              \
         if (T##_p(obj))                                                                            \
             return gx_object_to_string_ext(obj, options, buf);                                     \
@@ -210,17 +210,14 @@ gx_object_header *built(wkt_parse &parse, void *obj);
             buf[0] = '\0';                                                                         \
         return buf;                                                                                \
     }                                                                                              \
-    unsigned int T##_type(const T *obj) { return T##_p(obj) ? gx_object_type(obj) : 0u; }         \
-    unsigned int T##_status(const T *obj)                                                          \
-    {                                                                                              \
-        return T##_p(obj) ? gx::header_of(obj)->status : 0u;                                       \
-    }                                                                                              \
+    unsigned int T##_type(const T *obj) { return T##_p(obj) ? gx_object_type(obj) : 0u; }          \
+    unsigned int T##_status(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->status : 0u; } \
     void T##_status_set(T *obj, unsigned int status)                                               \
     {                                                                                              \
         if (T##_p(obj))                                                                            \
             gx::header_of(obj)->status = status;                                                   \
     }                                                                                              \
-    int T##_code(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->code : -1; }             \
+    int T##_code(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->code : -1; }              \
     gx_authority *T##_authority(T *obj)                                                            \
     {                                                                                              \
         return T##_p(obj) ? gx_object_authority(obj) : nullptr;                                    \
@@ -230,7 +227,7 @@ gx_object_header *built(wkt_parse &parse, void *obj);
         if (T##_p(obj))                                                                            \
             gx_object_authority_set(obj, auth);                                                    \
     }                                                                                              \
-    void T##_code_set(T *obj, int code, const char *authname, const char *version)                \
+    void T##_code_set(T *obj, int code, const char *authname, const char *version)                 \
     {                                                                                              \
         if (T##_p(obj))                                                                            \
             gx::object_code_set(obj, code, authname, version);                                     \

@@ -49,10 +49,10 @@ enum class wkt_close {
 };
 
 struct type_desc {
-    unsigned int type;      // the type code objects of this type carry (units: 0x300)
-    const char *name;       // "unit": the <type> of gx_<type>_*
-    std::size_t size;       // bytes of the record
-    bool has_authority;     // the record is a gx_coded_object
+    unsigned int type;  // the type code objects of this type carry (units: 0x300)
+    const char *name;   // "unit": the <type> of gx_<type>_*
+    std::size_t size;   // bytes of the record
+    bool has_authority; // the record is a gx_coded_object
     wkt_close close;
 
     // Releases what the record owns besides its authority object (sub-objects, arrays).
@@ -178,50 +178,44 @@ struct function_name {
 // of the operation-vector table, named T##_vector.  A type without a code adds nothing more; a
 // coded type also uses GX_DEFINE_CODED_FAMILY.
 #define GX_DEFINE_OBJECT_FAMILY(T, DESC)                                                           \
-    T *T##_from_string(const char *text) { return T##_from_string_errext(text, nullptr); }       \
-    T *T##_from_string_errext(const char *text, gx_err_rec *err)                                  \
+    T *T##_from_string(const char *text) { return T##_from_string_errext(text, nullptr); }         \
+    T *T##_from_string_errext(const char *text, gx_err_rec *err)                                   \
     {                                                                                              \
         return static_cast<T *>(gx::object_from_string(DESC, text, err));                          \
     }                                                                                              \
-    T *T##_clone(const T *obj) { return static_cast<T *>(gx::object_clone(DESC, obj)); }         \
-    void T##_del(T *obj) { gx::object_del(DESC, obj); }                                           \
-    int T##_p(const void *obj) { return gx::is_type(obj, (DESC).type) ? 1 : 0; }                  \
-    int T##_eq(const T *a, const T *b) { return gx::object_eq(DESC, a, b); }                      \
+    T *T##_clone(const T *obj) { return static_cast<T *>(gx::object_clone(DESC, obj)); }           \
+    void T##_del(T *obj) { gx::object_del(DESC, obj); }                                            \
+    int T##_p(const void *obj) { return gx::is_type(obj, (DESC).type) ? 1 : 0; }                   \
+    int T##_eq(const T *a, const T *b) { return gx::object_eq(DESC, a, b); }                       \
     char *T##_name(const T *obj, char *buf)                                                        \
     {                                                                                              \
-        return T##_p(obj) ? gx::object_name(obj, buf) : gx::object_name(nullptr, buf);            \
+        return T##_p(obj) ? gx::object_name(obj, buf) : gx::object_name(nullptr, buf);             \
     }                                                                                              \
-    char *T##_to_string(const T *obj, char *buf) { return T##_to_string_ext(obj, 0, buf); }      \
-    char *T##_to_string_ext(const T *obj, int options, char *buf)                                 \
+    char *T##_to_string(const T *obj, char *buf) { return T##_to_string_ext(obj, 0, buf); }        \
+    char *T##_to_string_ext(const T *obj, int options, char *buf)                                  \
     {                                                                                              \
         return gx::object_to_string_ext(DESC, obj, options, buf);                                  \
     }                                                                                              \
-    unsigned int T##_type(const T *obj)                                                            \
-    {                                                                                              \
-        return T##_p(obj) ? gx::header_of(obj)->type : 0u;                                         \
-    }                                                                                              \
-    unsigned int T##_status(const T *obj)                                                          \
-    {                                                                                              \
-        return T##_p(obj) ? gx::header_of(obj)->status : 0u;                                       \
-    }                                                                                              \
+    unsigned int T##_type(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->type : 0u; }     \
+    unsigned int T##_status(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->status : 0u; } \
     void T##_status_set(T *obj, unsigned int status)                                               \
     {                                                                                              \
         if (T##_p(obj))                                                                            \
             gx::header_of(obj)->status = status;                                                   \
     }                                                                                              \
     namespace {                                                                                    \
-    void *T##_vec_from_string(const char *t) { return T##_from_string(t); }                       \
-    void *T##_vec_from_string_errext(const char *t, gx_err_rec *e)                                \
+    void *T##_vec_from_string(const char *t) { return T##_from_string(t); }                        \
+    void *T##_vec_from_string_errext(const char *t, gx_err_rec *e)                                 \
     {                                                                                              \
         return T##_from_string_errext(t, e);                                                       \
     }                                                                                              \
-    void *T##_vec_clone(const void *o) { return T##_clone(static_cast<const T *>(o)); }          \
-    void T##_vec_del(void *o) { T##_del(static_cast<T *>(o)); }                                   \
+    void *T##_vec_clone(const void *o) { return T##_clone(static_cast<const T *>(o)); }            \
+    void T##_vec_del(void *o) { T##_del(static_cast<T *>(o)); }                                    \
     int T##_vec_eq(const void *a, const void *b)                                                   \
     {                                                                                              \
         return T##_eq(static_cast<const T *>(a), static_cast<const T *>(b));                       \
     }                                                                                              \
-    char *T##_vec_name(const void *o, char *b) { return T##_name(static_cast<const T *>(o), b); } \
+    char *T##_vec_name(const void *o, char *b) { return T##_name(static_cast<const T *>(o), b); }  \
     char *T##_vec_to_string(const void *o, char *b)                                                \
     {                                                                                              \
         return T##_to_string(static_cast<const T *>(o), b);                                        \
@@ -230,43 +224,74 @@ struct function_name {
     {                                                                                              \
         return T##_to_string_ext(static_cast<const T *>(o), opt, b);                               \
     }                                                                                              \
-    unsigned int T##_vec_type(const void *o) { return T##_type(static_cast<const T *>(o)); }      \
-    unsigned int T##_vec_status(const void *o) { return T##_status(static_cast<const T *>(o)); }  \
-    void T##_vec_status_set(void *o, unsigned int s) { T##_status_set(static_cast<T *>(o), s); }  \
+    unsigned int T##_vec_type(const void *o) { return T##_type(static_cast<const T *>(o)); }       \
+    unsigned int T##_vec_status(const void *o) { return T##_status(static_cast<const T *>(o)); }   \
+    void T##_vec_status_set(void *o, unsigned int s) { T##_status_set(static_cast<T *>(o), s); }   \
     }
 
 #define GX_DEFINE_CODED_FAMILY(T, DESC)                                                            \
     GX_DEFINE_OBJECT_FAMILY(T, DESC)                                                               \
-    int T##_code(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->code : -1; }             \
-    gx_authority *T##_authority(T *obj) { return gx::object_authority(DESC, obj); }               \
-    void T##_authority_set(T *obj, gx_authority *auth) { gx::object_authority_set(DESC, obj, auth); } \
-    void T##_code_set(T *obj, int code, const char *authname, const char *version)                \
+    int T##_code(const T *obj) { return T##_p(obj) ? gx::header_of(obj)->code : -1; }              \
+    gx_authority *T##_authority(T *obj) { return gx::object_authority(DESC, obj); }                \
+    void T##_authority_set(T *obj, gx_authority *auth)                                             \
+    {                                                                                              \
+        gx::object_authority_set(DESC, obj, auth);                                                 \
+    }                                                                                              \
+    void T##_code_set(T *obj, int code, const char *authname, const char *version)                 \
     {                                                                                              \
         if (T##_p(obj))                                                                            \
             gx::object_code_set(obj, code, authname, version);                                     \
     }                                                                                              \
     namespace {                                                                                    \
-    int T##_vec_code(const void *o) { return T##_code(static_cast<const T *>(o)); }              \
-    gx_authority *T##_vec_authority(void *o) { return T##_authority(static_cast<T *>(o)); }       \
-    void T##_vec_authority_set(void *o, gx_authority *a) { T##_authority_set(static_cast<T *>(o), a); } \
-    void T##_vec_code_set(void *o, int c, const char *n, const char *v)                           \
+    int T##_vec_code(const void *o) { return T##_code(static_cast<const T *>(o)); }                \
+    gx_authority *T##_vec_authority(void *o) { return T##_authority(static_cast<T *>(o)); }        \
+    void T##_vec_authority_set(void *o, gx_authority *a)                                           \
+    {                                                                                              \
+        T##_authority_set(static_cast<T *>(o), a);                                                 \
+    }                                                                                              \
+    void T##_vec_code_set(void *o, int c, const char *n, const char *v)                            \
     {                                                                                              \
         T##_code_set(static_cast<T *>(o), c, n, v);                                                \
     }                                                                                              \
     }                                                                                              \
     extern const gx_object_vec T##_vector;                                                         \
-    const gx_object_vec T##_vector = {                                                             \
-        (DESC).type, T##_vec_from_string, T##_vec_from_string_errext, T##_vec_clone, T##_vec_del, \
-        T##_p, T##_vec_eq, T##_vec_name, T##_vec_to_string, T##_vec_to_string_ext, T##_vec_type,  \
-        T##_vec_status, T##_vec_code, T##_vec_authority, T##_vec_authority_set,                    \
-        T##_vec_status_set, T##_vec_code_set};
+    const gx_object_vec T##_vector = {(DESC).type,                                                 \
+                                      T##_vec_from_string,                                         \
+                                      T##_vec_from_string_errext,                                  \
+                                      T##_vec_clone,                                               \
+                                      T##_vec_del,                                                 \
+                                      T##_p,                                                       \
+                                      T##_vec_eq,                                                  \
+                                      T##_vec_name,                                                \
+                                      T##_vec_to_string,                                           \
+                                      T##_vec_to_string_ext,                                       \
+                                      T##_vec_type,                                                \
+                                      T##_vec_status,                                              \
+                                      T##_vec_code,                                                \
+                                      T##_vec_authority,                                           \
+                                      T##_vec_authority_set,                                       \
+                                      T##_vec_status_set,                                          \
+                                      T##_vec_code_set};
 
 // The vector row of a type without code or authority operations.
 #define GX_DEFINE_UNCODED_VECTOR(T, DESC)                                                          \
     extern const gx_object_vec T##_vector;                                                         \
-    const gx_object_vec T##_vector = {                                                             \
-        (DESC).type, T##_vec_from_string, T##_vec_from_string_errext, T##_vec_clone, T##_vec_del, \
-        T##_p, T##_vec_eq, T##_vec_name, T##_vec_to_string, T##_vec_to_string_ext, T##_vec_type,  \
-        T##_vec_status, nullptr, nullptr, nullptr, T##_vec_status_set, nullptr};
+    const gx_object_vec T##_vector = {(DESC).type,                                                 \
+                                      T##_vec_from_string,                                         \
+                                      T##_vec_from_string_errext,                                  \
+                                      T##_vec_clone,                                               \
+                                      T##_vec_del,                                                 \
+                                      T##_p,                                                       \
+                                      T##_vec_eq,                                                  \
+                                      T##_vec_name,                                                \
+                                      T##_vec_to_string,                                           \
+                                      T##_vec_to_string_ext,                                       \
+                                      T##_vec_type,                                                \
+                                      T##_vec_status,                                              \
+                                      nullptr,                                                     \
+                                      nullptr,                                                     \
+                                      nullptr,                                                     \
+                                      T##_vec_status_set,                                          \
+                                      nullptr};
 
 #endif // GX_CORE_H

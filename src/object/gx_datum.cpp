@@ -68,8 +68,8 @@ constexpr gx::wkt_sub datum_subs[] = {
 };
 
 constexpr gx::wkt_grammar datum_grammar = {
-    "DATUM", nullptr, "gx_datum_from_string", 2, nullptr, nullptr,
-    0, {}, false, 2, datum_subs, authority_slot, nullptr, nullptr, datum_build,
+    "DATUM", nullptr,    "gx_datum_from_string", 2,       nullptr, nullptr,     0, {}, false,
+    2,       datum_subs, authority_slot,         nullptr, nullptr, datum_build,
 };
 
 } // namespace
@@ -77,8 +77,8 @@ constexpr gx::wkt_grammar datum_grammar = {
 namespace gx {
 
 constexpr type_desc datum_desc = {
-    GX_TYPE_DATUM, "datum", sizeof(gx_datum), true, wkt_close::authority_and_bracket,
-    datum_free_parts, datum_clone, datum_equal, datum_write, &datum_grammar,
+    GX_TYPE_DATUM,    "datum",     sizeof(gx_datum), true,        wkt_close::authority_and_bracket,
+    datum_free_parts, datum_clone, datum_equal,      datum_write, &datum_grammar,
 };
 
 gx_object_header *datum_from_tokens(const gx_token_list *list, int start, int *next,

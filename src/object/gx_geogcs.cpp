@@ -64,16 +64,16 @@ enum geogcs_slot { authority_slot, datum_slot, primem_slot, unit_slot };
 gx_object_header *geogcs_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {datum_slot, 431, "Missing datum in WKT string"},
-            {primem_slot, 440, "Missing prime meridian in WKT string"},
-            {unit_slot, 427, "Missing angular unit in WKT string"},
-        }))
+                                      {datum_slot, 431, "Missing datum in WKT string"},
+                                      {primem_slot, 440, "Missing prime meridian in WKT string"},
+                                      {unit_slot, 427, "Missing angular unit in WKT string"},
+                                  }))
         return nullptr;
     const char *name = gx::synonym_lookup(geogcs_synonyms, parse.name);
-    return gx::built(parse, gx_geogcs_new_errext(name, as<gx_datum>(parse.slots[datum_slot]),
-                                                 as<gx_primem>(parse.slots[primem_slot]),
-                                                 as<gx_unit>(parse.slots[unit_slot]),
-                                                 parse.caller_err));
+    return gx::built(parse,
+                     gx_geogcs_new_errext(name, as<gx_datum>(parse.slots[datum_slot]),
+                                          as<gx_primem>(parse.slots[primem_slot]),
+                                          as<gx_unit>(parse.slots[unit_slot]), parse.caller_err));
 }
 
 constexpr gx::wkt_sub geogcs_subs[] = {
@@ -84,8 +84,8 @@ constexpr gx::wkt_sub geogcs_subs[] = {
 };
 
 constexpr gx::wkt_grammar geogcs_grammar = {
-    "GEOGCS", nullptr, "gx_geogcs_from_string", 2, nullptr, nullptr,
-    0, {}, false, 4, geogcs_subs, authority_slot, nullptr, nullptr, geogcs_build,
+    "GEOGCS", nullptr,     "gx_geogcs_from_string", 2,       nullptr, nullptr,      0, {}, false,
+    4,        geogcs_subs, authority_slot,          nullptr, nullptr, geogcs_build,
 };
 
 } // namespace
@@ -93,8 +93,16 @@ constexpr gx::wkt_grammar geogcs_grammar = {
 namespace gx {
 
 constexpr type_desc geogcs_desc = {
-    GX_TYPE_GEOGCS, "geogcs", sizeof(gx_geogcs), true, wkt_close::authority_and_bracket,
-    geogcs_free_parts, geogcs_clone, geogcs_equal, geogcs_write, &geogcs_grammar,
+    GX_TYPE_GEOGCS,
+    "geogcs",
+    sizeof(gx_geogcs),
+    true,
+    wkt_close::authority_and_bracket,
+    geogcs_free_parts,
+    geogcs_clone,
+    geogcs_equal,
+    geogcs_write,
+    &geogcs_grammar,
 };
 
 gx_object_header *geogcs_from_tokens(const gx_token_list *list, int start, int *next,
@@ -112,16 +120,18 @@ gx_geogcs *gx_geogcs_new(const char *name, gx_datum *datum, gx_primem *primem, g
     return gx_geogcs_new_errext(name, datum, primem, unit, nullptr);
 }
 
-gx_geogcs *gx_geogcs_new_errext(const char *name, gx_datum *datum, gx_primem *primem,
-                                gx_unit *unit, gx_err_rec *err)
+gx_geogcs *gx_geogcs_new_errext(const char *name, gx_datum *datum, gx_primem *primem, gx_unit *unit,
+                                gx_err_rec *err)
 {
     const char *function = "gx_geogcs_new";
     gx::err_scope scope(err);
-    if (!gx::check_parts(scope.rec(), function, {
-            {datum, GX_TYPE_DATUM, 334, "Null or invalid datum object argument"},
-            {primem, GX_TYPE_PRIMEM, 329, "Null or invalid primem object argument"},
-            {unit, GX_TYPE_UNIT, 322, "Null or invalid angular unit object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {datum, GX_TYPE_DATUM, 334, "Null or invalid datum object argument"},
+                {primem, GX_TYPE_PRIMEM, 329, "Null or invalid primem object argument"},
+                {unit, GX_TYPE_UNIT, 322, "Null or invalid angular unit object argument"},
+            }))
         return nullptr;
     auto *cs = gx::as<gx_geogcs>(gx::new_record(gx::geogcs_desc, name, function, scope.rec()));
     if (cs == nullptr)

@@ -65,9 +65,9 @@ gx_object_header *geogtran_clone(const gx_object_header *obj)
     if (!geogcs1.ok() || !geogcs2.ok() || !method.ok() ||
         !gx::clone_parameters(gt->parameters, parameters))
         return nullptr;
-    gx_geogtran *copy = gx_geogtran_new(obj->name, geogcs1.get<gx_geogcs>(),
-                                        geogcs2.get<gx_geogcs>(), method.get<gx_method>(),
-                                        parameters);
+    gx_geogtran *copy =
+        gx_geogtran_new(obj->name, geogcs1.get<gx_geogcs>(), geogcs2.get<gx_geogcs>(),
+                        method.get<gx_method>(), parameters);
     if (copy == nullptr) {
         gx::delete_parameters(parameters);
         return nullptr;
@@ -120,8 +120,7 @@ constexpr method_parameters parameter_rules[] = {
     {{9606, 9607, 109607}, slot_bits(0, 6), slot_bits(7, 9), GX_ERRLVL_WARNING},
     {{9636}, slot_bits(0, 9), 0, GX_ERRLVL_WARNING},
     // The grid methods need only the dataset; the central slot 2 is not checked.
-    {{9613, 9615, 109613}, slot_bits(15, 15), slot_bits(0, 1) | slot_bits(3, 9),
-     GX_ERRLVL_ERROR},
+    {{9613, 9615, 109613}, slot_bits(15, 15), slot_bits(0, 1) | slot_bits(3, 9), GX_ERRLVL_ERROR},
 };
 
 const method_parameters *rules_of(int method_code)
@@ -197,10 +196,10 @@ bool geogtran_accept(gx::wkt_parse &parse, const gx::wkt_sub &, gx_object_header
 gx_object_header *geogtran_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {geogcs1_slot, 434, "Missing geogcs1 in WKT string"},
-            {geogcs2_slot, 435, "Missing geogcs2 in WKT string"},
-            {method_slot, 439, "Missing method in WKT string"},
-        }))
+                                      {geogcs1_slot, 434, "Missing geogcs1 in WKT string"},
+                                      {geogcs2_slot, 435, "Missing geogcs2 in WKT string"},
+                                      {method_slot, 439, "Missing method in WKT string"},
+                                  }))
         return nullptr;
     gx_parameter *parameters[gx::parameter_slots];
     gx::collected_parameters(parse, parameters);
@@ -211,10 +210,9 @@ gx_object_header *geogtran_build(gx::wkt_parse &parse)
         return nullptr;
     }
     const char *name = gx::synonym_lookup(geogtran_synonyms, parse.name);
-    gx_geogtran *gt = gx_geogtran_new_errext(name, as<gx_geogcs>(parse.slots[geogcs1_slot]),
-                                             as<gx_geogcs>(parse.slots[geogcs2_slot]),
-                                             as<gx_method>(parse.slots[method_slot]), parameters,
-                                             parse.caller_err);
+    gx_geogtran *gt = gx_geogtran_new_errext(
+        name, as<gx_geogcs>(parse.slots[geogcs1_slot]), as<gx_geogcs>(parse.slots[geogcs2_slot]),
+        as<gx_method>(parse.slots[method_slot]), parameters, parse.caller_err);
     if (gt != nullptr && check.missing)
         report_missing(parse, check, method);
     if (gt != nullptr && check.surplus)
@@ -231,8 +229,21 @@ constexpr gx::wkt_sub geogtran_subs[] = {
 };
 
 constexpr gx::wkt_grammar geogtran_grammar = {
-    "GEOGTRAN", nullptr, "gx_geogtran_from_string", 2, nullptr, nullptr,
-    0, {}, false, 4, geogtran_subs, authority_slot, nullptr, geogtran_accept, geogtran_build,
+    "GEOGTRAN",
+    nullptr,
+    "gx_geogtran_from_string",
+    2,
+    nullptr,
+    nullptr,
+    0,
+    {},
+    false,
+    4,
+    geogtran_subs,
+    authority_slot,
+    nullptr,
+    geogtran_accept,
+    geogtran_build,
 };
 
 } // namespace
@@ -240,8 +251,16 @@ constexpr gx::wkt_grammar geogtran_grammar = {
 namespace gx {
 
 constexpr type_desc geogtran_desc = {
-    GX_TYPE_GEOGTRAN, "geogtran", sizeof(gx_geogtran), true, wkt_close::authority_and_bracket,
-    geogtran_free_parts, geogtran_clone, geogtran_equal, geogtran_write, &geogtran_grammar,
+    GX_TYPE_GEOGTRAN,
+    "geogtran",
+    sizeof(gx_geogtran),
+    true,
+    wkt_close::authority_and_bracket,
+    geogtran_free_parts,
+    geogtran_clone,
+    geogtran_equal,
+    geogtran_write,
+    &geogtran_grammar,
 };
 
 gx_object_header *geogtran_from_tokens(const gx_token_list *list, int start, int *next,
@@ -266,11 +285,13 @@ gx_geogtran *gx_geogtran_new_errext(const char *name, gx_geogcs *geogcs1, gx_geo
 {
     const char *function = "gx_geogtran_new";
     gx::err_scope scope(err);
-    if (!gx::check_parts(scope.rec(), function, {
-            {geogcs1, GX_TYPE_GEOGCS, 332, "Null or invalid geogcs1 object argument"},
-            {geogcs2, GX_TYPE_GEOGCS, 333, "Null or invalid geogcs2 object argument"},
-            {method, GX_TYPE_METHOD, 335, "Null or invalid method object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {geogcs1, GX_TYPE_GEOGCS, 332, "Null or invalid geogcs1 object argument"},
+                {geogcs2, GX_TYPE_GEOGCS, 333, "Null or invalid geogcs2 object argument"},
+                {method, GX_TYPE_METHOD, 335, "Null or invalid method object argument"},
+            }))
         return nullptr;
     if (parameters == nullptr) {
         gx_err_str(scope.rec(), GX_ERRLVL_ERROR, GX_ERRCAT_ARGUMENT, 330, function,

@@ -52,14 +52,14 @@ enum geoxyzcs_slot { authority_slot, geogcs_slot, unit_slot };
 gx_object_header *geoxyzcs_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {geogcs_slot, 433, "Missing geographic CS in WKT string"},
-            {unit_slot, 427, "Missing angular unit in WKT string"},
-        }))
+                                      {geogcs_slot, 433, "Missing geographic CS in WKT string"},
+                                      {unit_slot, 427, "Missing angular unit in WKT string"},
+                                  }))
         return nullptr;
     const char *name = gx::synonym_lookup(geoxyzcs_synonyms, parse.name);
-    return gx::built(parse, gx_geoxyzcs_new_errext(name, as<gx_geogcs>(parse.slots[geogcs_slot]),
-                                                   as<gx_unit>(parse.slots[unit_slot]),
-                                                   parse.caller_err));
+    return gx::built(parse,
+                     gx_geoxyzcs_new_errext(name, as<gx_geogcs>(parse.slots[geogcs_slot]),
+                                            as<gx_unit>(parse.slots[unit_slot]), parse.caller_err));
 }
 
 constexpr gx::wkt_sub geoxyzcs_subs[] = {
@@ -70,8 +70,21 @@ constexpr gx::wkt_sub geoxyzcs_subs[] = {
 };
 
 constexpr gx::wkt_grammar geoxyzcs_grammar = {
-    "GEOXYZCS", nullptr, "gx_geoxyzcs_from_string", 2, nullptr, nullptr,
-    0, {}, false, 3, geoxyzcs_subs, authority_slot, nullptr, nullptr, geoxyzcs_build,
+    "GEOXYZCS",
+    nullptr,
+    "gx_geoxyzcs_from_string",
+    2,
+    nullptr,
+    nullptr,
+    0,
+    {},
+    false,
+    3,
+    geoxyzcs_subs,
+    authority_slot,
+    nullptr,
+    nullptr,
+    geoxyzcs_build,
 };
 
 } // namespace
@@ -79,8 +92,16 @@ constexpr gx::wkt_grammar geoxyzcs_grammar = {
 namespace gx {
 
 constexpr type_desc geoxyzcs_desc = {
-    GX_TYPE_GEOXYZCS, "geoxyzcs", sizeof(gx_geoxyzcs), true, wkt_close::authority_and_bracket,
-    geoxyzcs_free_parts, geoxyzcs_clone, geoxyzcs_equal, geoxyzcs_write, &geoxyzcs_grammar,
+    GX_TYPE_GEOXYZCS,
+    "geoxyzcs",
+    sizeof(gx_geoxyzcs),
+    true,
+    wkt_close::authority_and_bracket,
+    geoxyzcs_free_parts,
+    geoxyzcs_clone,
+    geoxyzcs_equal,
+    geoxyzcs_write,
+    &geoxyzcs_grammar,
 };
 
 gx_object_header *geoxyzcs_from_tokens(const gx_token_list *list, int start, int *next,
@@ -103,10 +124,12 @@ gx_geoxyzcs *gx_geoxyzcs_new_errext(const char *name, gx_geogcs *geogcs, gx_unit
 {
     const char *function = "gx_geoxyzcs_new";
     gx::err_scope scope(err);
-    if (!gx::check_parts(scope.rec(), function, {
-            {geogcs, GX_TYPE_GEOGCS, 331, "Null or invalid geogcs object argument"},
-            {unit, GX_TYPE_UNIT, 322, "Null or invalid angular unit object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {geogcs, GX_TYPE_GEOGCS, 331, "Null or invalid geogcs object argument"},
+                {unit, GX_TYPE_UNIT, 322, "Null or invalid angular unit object argument"},
+            }))
         return nullptr;
     auto *cs = gx::as<gx_geoxyzcs>(gx::new_record(gx::geoxyzcs_desc, name, function, scope.rec()));
     if (cs == nullptr)

@@ -24,8 +24,8 @@ gx_object_header *hvcoordsys_clone(const gx_object_header *obj)
     gx::part_copy coordsys(cs->coordsys), vertcs(cs->vertcs);
     if (!coordsys.ok() || !vertcs.ok())
         return nullptr;
-    gx_hvcoordsys *copy = gx_hvcoordsys_new_extended(obj->name, coordsys.get<gx_coordsys>(),
-                                                     vertcs.get<gx_vertcs>());
+    gx_hvcoordsys *copy =
+        gx_hvcoordsys_new_extended(obj->name, coordsys.get<gx_coordsys>(), vertcs.get<gx_vertcs>());
     if (copy != nullptr) {
         coordsys.release();
         vertcs.release();
@@ -85,8 +85,21 @@ constexpr gx::wkt_sub hvcoordsys_subs[] = {
 };
 
 constexpr gx::wkt_grammar hvcoordsys_grammar = {
-    "HVCOORDSYS", nullptr, from_string_function, 2, nullptr, nullptr,
-    0, {}, false, 2, hvcoordsys_subs, -1, nullptr, nullptr, hvcoordsys_build,
+    "HVCOORDSYS",
+    nullptr,
+    from_string_function,
+    2,
+    nullptr,
+    nullptr,
+    0,
+    {},
+    false,
+    2,
+    hvcoordsys_subs,
+    -1,
+    nullptr,
+    nullptr,
+    hvcoordsys_build,
 };
 
 // A horizontal and a vertical system one after the other: each part is read from the first
@@ -139,9 +152,9 @@ gx_object_header *hvcoordsys_from_string(const char *text, gx_err_rec *err)
 namespace gx {
 
 constexpr type_desc hvcoordsys_desc = {
-    GX_TYPE_HVCOORDSYS, "hvcoordsys", sizeof(gx_hvcoordsys), true, wkt_close::none,
-    hvcoordsys_free_parts, hvcoordsys_clone, hvcoordsys_equal, hvcoordsys_write,
-    &hvcoordsys_grammar, hvcoordsys_from_string,
+    GX_TYPE_HVCOORDSYS, "hvcoordsys",          sizeof(gx_hvcoordsys),  true,
+    wkt_close::none,    hvcoordsys_free_parts, hvcoordsys_clone,       hvcoordsys_equal,
+    hvcoordsys_write,   &hvcoordsys_grammar,   hvcoordsys_from_string,
 };
 
 gx_object_header *hvcoordsys_from_tokens(const gx_token_list *list, int start, int *next,
@@ -183,8 +196,8 @@ gx_hvcoordsys *gx_hvcoordsys_new_extended_errext(const char *name, gx_coordsys *
                    "Null or invalid coordsys and vertcs object arguments");
         return nullptr;
     }
-    auto *cs = gx::as<gx_hvcoordsys>(
-        gx::new_record(gx::hvcoordsys_desc, name, function, scope.rec()));
+    auto *cs =
+        gx::as<gx_hvcoordsys>(gx::new_record(gx::hvcoordsys_desc, name, function, scope.rec()));
     if (cs == nullptr)
         return nullptr;
     cs->coordsys = coordsys;

@@ -80,13 +80,26 @@ template <class Kind> struct method_family {
     static constexpr wkt_sub subs[] = {authority_sub(0)};
 
     static constexpr wkt_grammar grammar = {
-        Kind::keyword, nullptr, Kind::from_string_function, 2, nullptr, nullptr,
-        0, {}, false, 1, subs, 0, nullptr, nullptr, build,
+        Kind::keyword,
+        nullptr,
+        Kind::from_string_function,
+        2,
+        nullptr,
+        nullptr,
+        0,
+        {},
+        false,
+        1,
+        subs,
+        0,
+        nullptr,
+        nullptr,
+        build,
     };
 
     static constexpr type_desc desc = {
-        Kind::type, Kind::type_name, sizeof(record), true, wkt_close::authority_and_bracket,
-        nullptr, clone, equal, write, &grammar,
+        Kind::type, Kind::type_name, sizeof(record), true,  wkt_close::authority_and_bracket,
+        nullptr,    clone,           equal,          write, &grammar,
     };
 
     static gx_object_header *from_tokens(const gx_token_list *list, int start, int *next,

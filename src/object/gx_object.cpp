@@ -25,14 +25,12 @@ struct type_name_row {
 };
 
 const type_name_row type_names[] = {
-    {0x1, "geogcs"},         {0x2, "projcs"},          {0x4, "geoxyzcs"},
-    {0x8, "vertcs"},         {0x10, "hvcoordsys"},     {0x20, "datum"},
-    {0x40, "vdatum"},        {0x80, "geogtran"},       {0x100, "linunit"},
-    {0x200, "angunit"},      {0x300, "unit"},          {0x400, "primem"},
-    {0x800, "spheroid"},     {0x1000, "method"},       {0x2000, "htmethod"},
-    {0x4000, "projection"},  {0x8000, "parameter"},    {0x10000, "authority"},
-    {0x20000, "adjhcs"},     {0x40000, "array"},       {0x80000, "verttran"},
-    {0x100000, "vtmethod"},  {0, nullptr},
+    {0x1, "geogcs"},       {0x2, "projcs"},        {0x4, "geoxyzcs"},    {0x8, "vertcs"},
+    {0x10, "hvcoordsys"},  {0x20, "datum"},        {0x40, "vdatum"},     {0x80, "geogtran"},
+    {0x100, "linunit"},    {0x200, "angunit"},     {0x300, "unit"},      {0x400, "primem"},
+    {0x800, "spheroid"},   {0x1000, "method"},     {0x2000, "htmethod"}, {0x4000, "projection"},
+    {0x8000, "parameter"}, {0x10000, "authority"}, {0x20000, "adjhcs"},  {0x40000, "array"},
+    {0x80000, "verttran"}, {0x100000, "vtmethod"}, {0, nullptr},
 };
 
 } // namespace
@@ -58,15 +56,24 @@ unsigned int gx_name_to_type(const char *name)
 const char *gx_status_to_string(unsigned int status)
 {
     switch (status) {
-    case 0: return "";
-    case GX_STATUS_NEW: return "new";
-    case GX_STATUS_STRING: return "string";
-    case GX_STATUS_CODE: return "code";
-    case GX_STATUS_USER: return "user";
-    case GX_STATUS_CODECHANGE: return "codechange";
-    case GX_STATUS_DISCONTINUED: return "discontinued";
-    case GX_STATUS_DEAD: return "dead";
-    default: return "unknown";
+    case 0:
+        return "";
+    case GX_STATUS_NEW:
+        return "new";
+    case GX_STATUS_STRING:
+        return "string";
+    case GX_STATUS_CODE:
+        return "code";
+    case GX_STATUS_USER:
+        return "user";
+    case GX_STATUS_CODECHANGE:
+        return "codechange";
+    case GX_STATUS_DISCONTINUED:
+        return "discontinued";
+    case GX_STATUS_DEAD:
+        return "dead";
+    default:
+        return "unknown";
     }
 }
 
@@ -134,7 +141,10 @@ int gx_object_eq(const void *a, const void *b)
     return vec != nullptr && vec->eq != nullptr ? vec->eq(a, b) : 0;
 }
 
-char *gx_object_to_string(const void *obj, char *buf) { return gx_object_to_string_ext(obj, 0, buf); }
+char *gx_object_to_string(const void *obj, char *buf)
+{
+    return gx_object_to_string_ext(obj, 0, buf);
+}
 
 char *gx_object_to_string_ext(const void *obj, int options, char *buf)
 {
@@ -247,8 +257,8 @@ gx_authority *object_authority(const type_desc &desc, void *obj)
     auto *coded = as<gx_coded_object>(obj);
     // Built on first request from the header's code, authority name and version.
     if (coded->auth == nullptr && coded->header.code >= 1)
-        coded->auth = gx_authority_new(coded->header.authname, coded->header.code,
-                                       coded->header.version);
+        coded->auth =
+            gx_authority_new(coded->header.authname, coded->header.code, coded->header.version);
     return coded->auth;
 }
 

@@ -30,26 +30,11 @@ namespace {
 // hvcoordsys, method, parameter, primem, projcs, projection, spheroid, unit, vdatum, vertcs,
 // verttran, vtmethod.
 const gx_object_vec *const vector_table[] = {
-    &gx_adjhcs_vector,
-    &gx_array_vector,
-    &gx_authority_vector,
-    &gx_datum_vector,
-    &gx_geogcs_vector,
-    &gx_geogtran_vector,
-    &gx_geoxyzcs_vector,
-    &gx_htmethod_vector,
-    &gx_hvcoordsys_vector,
-    &gx_method_vector,
-    &gx_parameter_vector,
-    &gx_primem_vector,
-    &gx_projcs_vector,
-    &gx_projection_vector,
-    &gx_spheroid_vector,
-    &gx_unit_vector,
-    &gx_vdatum_vector,
-    &gx_vertcs_vector,
-    &gx_verttran_vector,
-    &gx_vtmethod_vector,
+    &gx_adjhcs_vector,     &gx_array_vector,      &gx_authority_vector, &gx_datum_vector,
+    &gx_geogcs_vector,     &gx_geogtran_vector,   &gx_geoxyzcs_vector,  &gx_htmethod_vector,
+    &gx_hvcoordsys_vector, &gx_method_vector,     &gx_parameter_vector, &gx_primem_vector,
+    &gx_projcs_vector,     &gx_projection_vector, &gx_spheroid_vector,  &gx_unit_vector,
+    &gx_vdatum_vector,     &gx_vertcs_vector,     &gx_verttran_vector,  &gx_vtmethod_vector,
 };
 
 } // namespace

@@ -455,10 +455,9 @@ int gx_objstring_to_tokens(gx_token_list *list, const char *text, const char *ke
     while (*cursor != '\0') {
         char *token = nullptr;
         const char delimiter = objstring_name(&cursor, &token);
-        const bool add = delimiter == '['
-                             ? true
-                             : delimiter == ',' ? !(token[0] == '\0' && previous == ']')
-                                                : token[0] != '\0';
+        const bool add = delimiter == '['   ? true
+                         : delimiter == ',' ? !(token[0] == '\0' && previous == ']')
+                                            : token[0] != '\0';
         if (add) {
             if (list->count == GX_MAX_TOKENS)
                 return fail(list, GX_ERRLVL_ERROR, 468, "Token count in WKT string exceeds %d",

@@ -67,9 +67,21 @@ gx_object_header *parameter_build(gx::wkt_parse &parse)
 constexpr gx::wkt_sub parameter_subs[] = {gx::authority_sub(0)};
 
 constexpr gx::wkt_grammar parameter_grammar = {
-    "PARAMETER", nullptr, "gx_parameter_from_string", 3, nullptr, nullptr,
-    1, {{450, "Missing parameter value in WKT string"}}, false,
-    1, parameter_subs, 0, nullptr, nullptr, parameter_build,
+    "PARAMETER",
+    nullptr,
+    "gx_parameter_from_string",
+    3,
+    nullptr,
+    nullptr,
+    1,
+    {{450, "Missing parameter value in WKT string"}},
+    false,
+    1,
+    parameter_subs,
+    0,
+    nullptr,
+    nullptr,
+    parameter_build,
 };
 
 } // namespace
@@ -77,8 +89,15 @@ constexpr gx::wkt_grammar parameter_grammar = {
 namespace gx {
 
 constexpr type_desc parameter_desc = {
-    GX_TYPE_PARAMETER, "parameter", sizeof(gx_parameter), true,
-    wkt_close::authority_and_bracket, nullptr, parameter_clone, parameter_equal, parameter_write,
+    GX_TYPE_PARAMETER,
+    "parameter",
+    sizeof(gx_parameter),
+    true,
+    wkt_close::authority_and_bracket,
+    nullptr,
+    parameter_clone,
+    parameter_equal,
+    parameter_write,
     &parameter_grammar,
 };
 

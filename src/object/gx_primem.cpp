@@ -48,9 +48,21 @@ gx_object_header *primem_build(gx::wkt_parse &parse)
 constexpr gx::wkt_sub primem_subs[] = {gx::authority_sub(0)};
 
 constexpr gx::wkt_grammar primem_grammar = {
-    "PRIMEM", nullptr, "gx_primem_from_string", 3, nullptr, nullptr,
-    1, {{449, "Missing longitude in WKT string"}}, false,
-    1, primem_subs, 0, primem_check_values, nullptr, primem_build,
+    "PRIMEM",
+    nullptr,
+    "gx_primem_from_string",
+    3,
+    nullptr,
+    nullptr,
+    1,
+    {{449, "Missing longitude in WKT string"}},
+    false,
+    1,
+    primem_subs,
+    0,
+    primem_check_values,
+    nullptr,
+    primem_build,
 };
 
 } // namespace
@@ -58,8 +70,8 @@ constexpr gx::wkt_grammar primem_grammar = {
 namespace gx {
 
 constexpr type_desc primem_desc = {
-    GX_TYPE_PRIMEM, "primem", sizeof(gx_primem), true, wkt_close::authority_and_bracket,
-    nullptr, primem_clone, primem_equal, primem_write, &primem_grammar,
+    GX_TYPE_PRIMEM, "primem",     sizeof(gx_primem), true,         wkt_close::authority_and_bracket,
+    nullptr,        primem_clone, primem_equal,      primem_write, &primem_grammar,
 };
 
 gx_object_header *primem_from_tokens(const gx_token_list *list, int start, int *next,

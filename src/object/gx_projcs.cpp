@@ -71,9 +71,9 @@ gx_object_header *projcs_clone(const gx_object_header *obj)
     if (!geogcs.ok() || !projection.ok() || !unit.ok() ||
         !gx::clone_parameters(cs->parameters, parameters))
         return nullptr;
-    gx_projcs *copy = gx_projcs_new(obj->name, geogcs.get<gx_geogcs>(),
-                                    projection.get<gx_projection>(), parameters,
-                                    unit.get<gx_unit>());
+    gx_projcs *copy =
+        gx_projcs_new(obj->name, geogcs.get<gx_geogcs>(), projection.get<gx_projection>(),
+                      parameters, unit.get<gx_unit>());
     if (copy == nullptr) {
         gx::delete_parameters(parameters);
         return nullptr;
@@ -115,10 +115,10 @@ bool projcs_accept(gx::wkt_parse &parse, const gx::wkt_sub &, gx_object_header *
 gx_object_header *projcs_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {geogcs_slot, 433, "Missing geographic CS in WKT string"},
-            {projection_slot, 441, "Missing projection in WKT string"},
-            {unit_slot, 438, "Missing linear unit in WKT string"},
-        }))
+                                      {geogcs_slot, 433, "Missing geographic CS in WKT string"},
+                                      {projection_slot, 441, "Missing projection in WKT string"},
+                                      {unit_slot, 438, "Missing linear unit in WKT string"},
+                                  }))
         return nullptr;
     gx_parameter *parameters[gx::parameter_slots];
     gx::collected_parameters(parse, parameters);
@@ -140,8 +140,21 @@ constexpr gx::wkt_sub projcs_subs[] = {
 };
 
 constexpr gx::wkt_grammar projcs_grammar = {
-    "PROJCS", nullptr, "gx_projcs_from_string", 2, "insufficient tokens", nullptr,
-    0, {}, false, 5, projcs_subs, authority_slot, nullptr, projcs_accept, projcs_build,
+    "PROJCS",
+    nullptr,
+    "gx_projcs_from_string",
+    2,
+    "insufficient tokens",
+    nullptr,
+    0,
+    {},
+    false,
+    5,
+    projcs_subs,
+    authority_slot,
+    nullptr,
+    projcs_accept,
+    projcs_build,
 };
 
 } // namespace
@@ -149,8 +162,16 @@ constexpr gx::wkt_grammar projcs_grammar = {
 namespace gx {
 
 constexpr type_desc projcs_desc = {
-    GX_TYPE_PROJCS, "projcs", sizeof(gx_projcs), true, wkt_close::authority_and_bracket,
-    projcs_free_parts, projcs_clone, projcs_equal, projcs_write, &projcs_grammar,
+    GX_TYPE_PROJCS,
+    "projcs",
+    sizeof(gx_projcs),
+    true,
+    wkt_close::authority_and_bracket,
+    projcs_free_parts,
+    projcs_clone,
+    projcs_equal,
+    projcs_write,
+    &projcs_grammar,
 };
 
 gx_object_header *projcs_from_tokens(const gx_token_list *list, int start, int *next,
@@ -174,11 +195,13 @@ gx_projcs *gx_projcs_new_errext(const char *name, gx_geogcs *geogcs, gx_projecti
 {
     const char *function = "gx_projcs_new";
     gx::err_scope scope(err);
-    if (!gx::check_parts(scope.rec(), function, {
-            {geogcs, GX_TYPE_GEOGCS, 331, "Null or invalid geographic CS object argument"},
-            {projection, GX_TYPE_PROJECTION, 328, "Null or invalid projection object argument"},
-            {unit, GX_TYPE_UNIT, 323, "Null or invalid linear unit object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {geogcs, GX_TYPE_GEOGCS, 331, "Null or invalid geographic CS object argument"},
+                {projection, GX_TYPE_PROJECTION, 328, "Null or invalid projection object argument"},
+                {unit, GX_TYPE_UNIT, 323, "Null or invalid linear unit object argument"},
+            }))
         return nullptr;
     if (parameters == nullptr) {
         gx_err_str(scope.rec(), GX_ERRLVL_ERROR, GX_ERRCAT_ARGUMENT, 330, function,

@@ -20,20 +20,29 @@ struct routines {
 
 routines routines_of(const gx_projlist_entry *entry)
 {
-    return {entry->forward, entry->inverse, entry->horizon, entry->horizon_pcs,
-            entry->horizon_gcs_raster, entry->horizon_pcs_raster, entry->pcsconstfunc};
+    return {entry->forward,
+            entry->inverse,
+            entry->horizon,
+            entry->horizon_pcs,
+            entry->horizon_gcs_raster,
+            entry->horizon_pcs_raster,
+            entry->pcsconstfunc};
 }
 
 routines routines_of(const gx_projection *p)
 {
-    return {p->forward, p->inverse, p->horizon, p->horizon_pcs,
-            p->horizon_gcs_raster, p->horizon_pcs_raster, p->pcsconstfunc};
+    return {p->forward,
+            p->inverse,
+            p->horizon,
+            p->horizon_pcs,
+            p->horizon_gcs_raster,
+            p->horizon_pcs_raster,
+            p->pcsconstfunc};
 }
 
 // The constructor behind gx_projection_new and gx_projection_new_extended.  Without a forward or
 // an inverse routine, the registry row of the name supplies all seven.
-gx_projection *make_projection(const char *name, routines r, const char *function,
-                               gx_err_rec *err)
+gx_projection *make_projection(const char *name, routines r, const char *function, gx_err_rec *err)
 {
     gx::err_scope scope(err);
     if (r.forward == nullptr || r.inverse == nullptr) {
@@ -84,15 +93,28 @@ void projection_write(const gx_object_header *obj, int, gx::text_buf &out)
 // A projection read from text computes with the registry routines of its name.
 gx_object_header *projection_build(gx::wkt_parse &parse)
 {
-    return gx::header_of(make_projection(parse.name, routines{}, "gx_projection_new",
-                                         parse.caller_err));
+    return gx::header_of(
+        make_projection(parse.name, routines{}, "gx_projection_new", parse.caller_err));
 }
 
 constexpr gx::wkt_sub projection_subs[] = {gx::authority_sub(0)};
 
 constexpr gx::wkt_grammar projection_grammar = {
-    "PROJECTION", nullptr, "gx_projection_from_string", 2, nullptr, nullptr,
-    0, {}, false, 1, projection_subs, 0, nullptr, nullptr, projection_build,
+    "PROJECTION",
+    nullptr,
+    "gx_projection_from_string",
+    2,
+    nullptr,
+    nullptr,
+    0,
+    {},
+    false,
+    1,
+    projection_subs,
+    0,
+    nullptr,
+    nullptr,
+    projection_build,
 };
 
 } // namespace
@@ -100,9 +122,16 @@ constexpr gx::wkt_grammar projection_grammar = {
 namespace gx {
 
 constexpr type_desc projection_desc = {
-    GX_TYPE_PROJECTION, "projection", sizeof(gx_projection), true,
-    wkt_close::authority_and_bracket, nullptr, projection_clone, projection_equal,
-    projection_write, &projection_grammar,
+    GX_TYPE_PROJECTION,
+    "projection",
+    sizeof(gx_projection),
+    true,
+    wkt_close::authority_and_bracket,
+    nullptr,
+    projection_clone,
+    projection_equal,
+    projection_write,
+    &projection_grammar,
 };
 
 gx_object_header *projection_from_tokens(const gx_token_list *list, int start, int *next,
@@ -128,9 +157,8 @@ gx_projection *gx_projection_new_errext(const char *name, gx_prj_rtn forward, gx
     return make_projection(name, r, "gx_projection_new", err);
 }
 
-gx_projection *gx_projection_new_extended(const char *name, gx_prj_rtn forward,
-                                          gx_prj_rtn inverse, gx_horizon_rtn horizon,
-                                          gx_horizon_rtn horizon_pcs,
+gx_projection *gx_projection_new_extended(const char *name, gx_prj_rtn forward, gx_prj_rtn inverse,
+                                          gx_horizon_rtn horizon, gx_horizon_rtn horizon_pcs,
                                           gx_horizon_rtn horizon_gcs_raster,
                                           gx_horizon_rtn horizon_pcs_raster,
                                           gx_pcsconst_rtn pcsconstfunc)
@@ -140,13 +168,16 @@ gx_projection *gx_projection_new_extended(const char *name, gx_prj_rtn forward,
                                              nullptr);
 }
 
-gx_projection *gx_projection_new_extended_errext(
-    const char *name, gx_prj_rtn forward, gx_prj_rtn inverse, gx_horizon_rtn horizon,
-    gx_horizon_rtn horizon_pcs, gx_horizon_rtn horizon_gcs_raster,
-    gx_horizon_rtn horizon_pcs_raster, gx_pcsconst_rtn pcsconstfunc, gx_err_rec *err)
+gx_projection *gx_projection_new_extended_errext(const char *name, gx_prj_rtn forward,
+                                                 gx_prj_rtn inverse, gx_horizon_rtn horizon,
+                                                 gx_horizon_rtn horizon_pcs,
+                                                 gx_horizon_rtn horizon_gcs_raster,
+                                                 gx_horizon_rtn horizon_pcs_raster,
+                                                 gx_pcsconst_rtn pcsconstfunc, gx_err_rec *err)
 {
-    const routines r = {forward, inverse, horizon, horizon_pcs, horizon_gcs_raster,
-                        horizon_pcs_raster, pcsconstfunc};
+    const routines r = {
+        forward,     inverse, horizon, horizon_pcs, horizon_gcs_raster, horizon_pcs_raster,
+        pcsconstfunc};
     return make_projection(name, r, "gx_projection_new_extended", err);
 }
 
@@ -154,8 +185,7 @@ gx_projection *gx_projection_new_extended_errext(
 
 namespace {
 
-template <class Rtn>
-Rtn routine_or(const gx_projection *p, Rtn gx_projection::*slot, Rtn neutral)
+template <class Rtn> Rtn routine_or(const gx_projection *p, Rtn gx_projection::*slot, Rtn neutral)
 {
     return gx_projection_p(p) && p->*slot != nullptr ? p->*slot : neutral;
 }

@@ -98,9 +98,21 @@ gx_object_header *spheroid_build(gx::wkt_parse &parse)
 constexpr gx::wkt_sub spheroid_subs[] = {gx::authority_sub(0)};
 
 constexpr gx::wkt_grammar spheroid_grammar = {
-    "SPHEROID", "ELLIPSOID", "gx_spheroid_from_string", 4, nullptr, nullptr,
-    2, {{451, "Missing semimajor axis in WKT string"}, {452, "Missing flattening in WKT string"}},
-    false, 1, spheroid_subs, 0, spheroid_check_values, nullptr, spheroid_build,
+    "SPHEROID",
+    "ELLIPSOID",
+    "gx_spheroid_from_string",
+    4,
+    nullptr,
+    nullptr,
+    2,
+    {{451, "Missing semimajor axis in WKT string"}, {452, "Missing flattening in WKT string"}},
+    false,
+    1,
+    spheroid_subs,
+    0,
+    spheroid_check_values,
+    nullptr,
+    spheroid_build,
 };
 
 } // namespace
@@ -108,8 +120,16 @@ constexpr gx::wkt_grammar spheroid_grammar = {
 namespace gx {
 
 constexpr type_desc spheroid_desc = {
-    GX_TYPE_SPHEROID, "spheroid", sizeof(gx_spheroid), true, wkt_close::authority_and_bracket,
-    nullptr, spheroid_clone, spheroid_equal, spheroid_write, &spheroid_grammar,
+    GX_TYPE_SPHEROID,
+    "spheroid",
+    sizeof(gx_spheroid),
+    true,
+    wkt_close::authority_and_bracket,
+    nullptr,
+    spheroid_clone,
+    spheroid_equal,
+    spheroid_write,
+    &spheroid_grammar,
 };
 
 gx_object_header *spheroid_from_tokens(const gx_token_list *list, int start, int *next,

@@ -43,15 +43,28 @@ bool unit_check_values(gx::wkt_parse &parse)
 
 gx_object_header *unit_build(gx::wkt_parse &parse)
 {
-    return gx::header_of(gx_unit_new_errext(parse.name, gx_atod(parse.values[0]), parse.caller_err));
+    return gx::header_of(
+        gx_unit_new_errext(parse.name, gx_atod(parse.values[0]), parse.caller_err));
 }
 
 constexpr gx::wkt_sub unit_subs[] = {gx::authority_sub(0)};
 
 constexpr gx::wkt_grammar unit_grammar = {
-    "UNIT", nullptr, "gx_unit_from_string", 3, nullptr, nullptr,
-    1, {{455, "Missing unit conversion factor in WKT string"}}, false,
-    1, unit_subs, 0, unit_check_values, nullptr, unit_build,
+    "UNIT",
+    nullptr,
+    "gx_unit_from_string",
+    3,
+    nullptr,
+    nullptr,
+    1,
+    {{455, "Missing unit conversion factor in WKT string"}},
+    false,
+    1,
+    unit_subs,
+    0,
+    unit_check_values,
+    nullptr,
+    unit_build,
 };
 
 } // namespace
@@ -59,12 +72,11 @@ constexpr gx::wkt_grammar unit_grammar = {
 namespace gx {
 
 constexpr type_desc unit_desc = {
-    GX_TYPE_UNIT, "unit", sizeof(gx_unit), true, wkt_close::authority_and_bracket,
-    nullptr, unit_clone, unit_equal, unit_write, &unit_grammar,
+    GX_TYPE_UNIT, "unit",     sizeof(gx_unit), true,       wkt_close::authority_and_bracket,
+    nullptr,      unit_clone, unit_equal,      unit_write, &unit_grammar,
 };
 
-gx_object_header *unit_from_tokens(const gx_token_list *list, int start, int *next,
-                                   gx_err_rec *err)
+gx_object_header *unit_from_tokens(const gx_token_list *list, int start, int *next, gx_err_rec *err)
 {
     return wkt_from_tokens(unit_grammar, list, start, next, err);
 }

@@ -33,8 +33,11 @@ gx_object_header *vdatum_build(gx::wkt_parse &parse)
 constexpr gx::wkt_sub vdatum_subs[] = {gx::authority_sub(0)};
 
 constexpr gx::wkt_grammar vdatum_grammar = {
-    "VDATUM", nullptr, "gx_vdatum_from_string", 2, nullptr, nullptr,
-    0, {}, false, 1, vdatum_subs, 0, nullptr, nullptr, vdatum_build,
+    "VDATUM", nullptr,     "gx_vdatum_from_string",
+    2,        nullptr,     nullptr,
+    0,        {},          false,
+    1,        vdatum_subs, 0,
+    nullptr,  nullptr,     vdatum_build,
 };
 
 } // namespace
@@ -42,8 +45,8 @@ constexpr gx::wkt_grammar vdatum_grammar = {
 namespace gx {
 
 constexpr type_desc vdatum_desc = {
-    GX_TYPE_VDATUM, "vdatum", sizeof(gx_vdatum), true, wkt_close::authority_and_bracket,
-    nullptr, vdatum_clone, vdatum_equal, vdatum_write, &vdatum_grammar,
+    GX_TYPE_VDATUM, "vdatum",     sizeof(gx_vdatum), true,         wkt_close::authority_and_bracket,
+    nullptr,        vdatum_clone, vdatum_equal,      vdatum_write, &vdatum_grammar,
 };
 
 gx_object_header *vdatum_from_tokens(const gx_token_list *list, int start, int *next,

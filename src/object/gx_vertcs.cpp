@@ -89,9 +89,9 @@ void warn_missing_parameters(gx::wkt_parse &parse, const gx_vertcs *cs)
 gx_object_header *vertcs_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {hvdatum_slot, 437, "Missing hvdatum in WKT string"},
-            {unit_slot, 438, "Missing linear unit in WKT string"},
-        }))
+                                      {hvdatum_slot, 437, "Missing hvdatum in WKT string"},
+                                      {unit_slot, 438, "Missing linear unit in WKT string"},
+                                  }))
         return nullptr;
     gx_parameter *parameters[gx::parameter_slots];
     gx::collected_parameters(parse, parameters);
@@ -112,8 +112,21 @@ constexpr gx::wkt_sub vertcs_subs[] = {
 };
 
 constexpr gx::wkt_grammar vertcs_grammar = {
-    "VERTCS", nullptr, "gx_vertcs_from_string", 2, nullptr, nullptr,
-    0, {}, false, 4, vertcs_subs, authority_slot, nullptr, vertcs_accept, vertcs_build,
+    "VERTCS",
+    nullptr,
+    "gx_vertcs_from_string",
+    2,
+    nullptr,
+    nullptr,
+    0,
+    {},
+    false,
+    4,
+    vertcs_subs,
+    authority_slot,
+    nullptr,
+    vertcs_accept,
+    vertcs_build,
 };
 
 } // namespace
@@ -121,8 +134,16 @@ constexpr gx::wkt_grammar vertcs_grammar = {
 namespace gx {
 
 constexpr type_desc vertcs_desc = {
-    GX_TYPE_VERTCS, "vertcs", sizeof(gx_vertcs), true, wkt_close::authority_and_bracket,
-    vertcs_free_parts, vertcs_clone, vertcs_equal, vertcs_write, &vertcs_grammar,
+    GX_TYPE_VERTCS,
+    "vertcs",
+    sizeof(gx_vertcs),
+    true,
+    wkt_close::authority_and_bracket,
+    vertcs_free_parts,
+    vertcs_clone,
+    vertcs_equal,
+    vertcs_write,
+    &vertcs_grammar,
 };
 
 gx_object_header *vertcs_from_tokens(const gx_token_list *list, int start, int *next,
@@ -141,23 +162,27 @@ gx_vertcs *gx_vertcs_new(const char *name, gx_hvdatum *hvdatum, gx_parameter *pa
     return gx_vertcs_new_errext(name, hvdatum, parameters, unit, nullptr);
 }
 
-gx_vertcs *gx_vertcs_new_errext(const char *name, gx_hvdatum *hvdatum,
-                                gx_parameter *parameters[16], gx_unit *unit, gx_err_rec *err)
+gx_vertcs *gx_vertcs_new_errext(const char *name, gx_hvdatum *hvdatum, gx_parameter *parameters[16],
+                                gx_unit *unit, gx_err_rec *err)
 {
     const char *function = "gx_vertcs_new";
     gx::err_scope scope(err);
-    if (!gx::check_parts(scope.rec(), function, {
-            {hvdatum, gx::hvdatum_types, 337, "Null or invalid hvdatum object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {hvdatum, gx::hvdatum_types, 337, "Null or invalid hvdatum object argument"},
+            }))
         return nullptr;
     if (parameters == nullptr) {
         gx_err_str(scope.rec(), GX_ERRLVL_ERROR, GX_ERRCAT_ARGUMENT, 330, function,
                    "Null parameters array argument");
         return nullptr;
     }
-    if (!gx::check_parts(scope.rec(), function, {
-            {unit, GX_TYPE_UNIT, 323, "Null or invalid linear unit object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {unit, GX_TYPE_UNIT, 323, "Null or invalid linear unit object argument"},
+            }))
         return nullptr;
     auto *cs = gx::as<gx_vertcs>(gx::new_record(gx::vertcs_desc, name, function, scope.rec()));
     if (cs == nullptr)

@@ -36,9 +36,9 @@ gx_object_header *verttran_clone(const gx_object_header *obj)
     if (!coordsys.ok() || !vertcs1.ok() || !vertcs2.ok() || !vtmethod.ok() ||
         !gx::clone_parameters(vt->parameters, parameters))
         return nullptr;
-    gx_verttran *copy = gx_verttran_new(obj->name, coordsys.get<gx_coordsys>(),
-                                        vertcs1.get<gx_vertcs>(), vertcs2.get<gx_vertcs>(),
-                                        vtmethod.get<gx_vtmethod>(), parameters);
+    gx_verttran *copy =
+        gx_verttran_new(obj->name, coordsys.get<gx_coordsys>(), vertcs1.get<gx_vertcs>(),
+                        vertcs2.get<gx_vertcs>(), vtmethod.get<gx_vtmethod>(), parameters);
     if (copy == nullptr) {
         gx::delete_parameters(parameters);
         return nullptr;
@@ -90,20 +90,19 @@ bool verttran_accept(gx::wkt_parse &parse, const gx::wkt_sub &, gx_object_header
 gx_object_header *verttran_build(gx::wkt_parse &parse)
 {
     if (!gx::require_parts(parse, {
-            {vertcs1_slot, 443, "Missing vertcs1 in WKT string"},
-            {vertcs2_slot, 444, "Missing vertcs2 in WKT string"},
-            {vtmethod_slot, 445, "Missing vtmethod in WKT string"},
-        }))
+                                      {vertcs1_slot, 443, "Missing vertcs1 in WKT string"},
+                                      {vertcs2_slot, 444, "Missing vertcs2 in WKT string"},
+                                      {vtmethod_slot, 445, "Missing vtmethod in WKT string"},
+                                  }))
         return nullptr;
     gx_parameter *parameters[gx::parameter_slots];
     gx::collected_parameters(parse, parameters);
     const char *name = gx::synonym_lookup(verttran_synonyms, parse.name);
-    return gx::built(parse, gx_verttran_new_errext(
-                                name, parse.slots[coordsys_slot],
-                                as<gx_vertcs>(parse.slots[vertcs1_slot]),
-                                as<gx_vertcs>(parse.slots[vertcs2_slot]),
-                                as<gx_vtmethod>(parse.slots[vtmethod_slot]), parameters,
-                                parse.caller_err));
+    return gx::built(parse, gx_verttran_new_errext(name, parse.slots[coordsys_slot],
+                                                   as<gx_vertcs>(parse.slots[vertcs1_slot]),
+                                                   as<gx_vertcs>(parse.slots[vertcs2_slot]),
+                                                   as<gx_vtmethod>(parse.slots[vtmethod_slot]),
+                                                   parameters, parse.caller_err));
 }
 
 constexpr gx::wkt_sub verttran_subs[] = {
@@ -118,8 +117,21 @@ constexpr gx::wkt_sub verttran_subs[] = {
 };
 
 constexpr gx::wkt_grammar verttran_grammar = {
-    "VERTTRAN", nullptr, "gx_verttran_from_string", 2, nullptr, nullptr,
-    0, {}, false, 5, verttran_subs, authority_slot, nullptr, verttran_accept, verttran_build,
+    "VERTTRAN",
+    nullptr,
+    "gx_verttran_from_string",
+    2,
+    nullptr,
+    nullptr,
+    0,
+    {},
+    false,
+    5,
+    verttran_subs,
+    authority_slot,
+    nullptr,
+    verttran_accept,
+    verttran_build,
 };
 
 } // namespace
@@ -127,8 +139,16 @@ constexpr gx::wkt_grammar verttran_grammar = {
 namespace gx {
 
 constexpr type_desc verttran_desc = {
-    GX_TYPE_VERTTRAN, "verttran", sizeof(gx_verttran), true, wkt_close::authority_and_bracket,
-    verttran_free_parts, verttran_clone, verttran_equal, verttran_write, &verttran_grammar,
+    GX_TYPE_VERTTRAN,
+    "verttran",
+    sizeof(gx_verttran),
+    true,
+    wkt_close::authority_and_bracket,
+    verttran_free_parts,
+    verttran_clone,
+    verttran_equal,
+    verttran_write,
+    &verttran_grammar,
 };
 
 gx_object_header *verttran_from_tokens(const gx_token_list *list, int start, int *next,
@@ -145,8 +165,7 @@ gx_verttran *gx_verttran_new(const char *name, gx_coordsys *coordsys, gx_vertcs 
                              gx_vertcs *vertcs2, gx_vtmethod *vtmethod,
                              gx_parameter *parameters[16])
 {
-    return gx_verttran_new_errext(name, coordsys, vertcs1, vertcs2, vtmethod, parameters,
-                                  nullptr);
+    return gx_verttran_new_errext(name, coordsys, vertcs1, vertcs2, vtmethod, parameters, nullptr);
 }
 
 namespace {
@@ -172,11 +191,13 @@ gx_verttran *gx_verttran_new_errext(const char *name, gx_coordsys *coordsys, gx_
                    "Invalid coordsys object argument");
         return nullptr;
     }
-    if (!gx::check_parts(scope.rec(), function, {
-            {vertcs1, GX_TYPE_VERTCS, 341, "Null or invalid vertcs1 object argument"},
-            {vertcs2, GX_TYPE_VERTCS, 342, "Null or invalid vertcs2 object argument"},
-            {vtmethod, GX_TYPE_VTMETHOD, 343, "Null or invalid vtmethod object argument"},
-        }))
+    if (!gx::check_parts(
+            scope.rec(), function,
+            {
+                {vertcs1, GX_TYPE_VERTCS, 341, "Null or invalid vertcs1 object argument"},
+                {vertcs2, GX_TYPE_VERTCS, 342, "Null or invalid vertcs2 object argument"},
+                {vtmethod, GX_TYPE_VTMETHOD, 343, "Null or invalid vtmethod object argument"},
+            }))
         return nullptr;
     if (!coordsys_fits(coordsys, vtmethod)) {
         gx_err_str(scope.rec(), GX_ERRLVL_ERROR, GX_ERRCAT_ARGUMENT, 312, function,

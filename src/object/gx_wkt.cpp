@@ -80,9 +80,9 @@ bool read_head(wkt_parse &parse, remembered_classes &classes)
     const wkt_grammar &grammar = *parse.grammar;
     const gx_token *tokens = parse.list->tokens;
     if (parse.end - parse.start < grammar.min_tokens) {
-        parse.error(459, "%s", grammar.insufficient_message != nullptr
-                                   ? grammar.insufficient_message
-                                   : "Insufficient tokens in WKT string");
+        parse.error(459, "%s",
+                    grammar.insufficient_message != nullptr ? grammar.insufficient_message
+                                                            : "Insufficient tokens in WKT string");
         return false;
     }
     if (!keyword_matches(grammar, tokens[parse.start].text, classes)) {
@@ -176,9 +176,10 @@ gx_object_header *wkt_from_tokens(const wkt_grammar &grammar, const gx_token_lis
     parse.start = start;
 
     if (list == nullptr || start < 0 || start >= list->count) {
-        parse.error(462, grammar.range_message != nullptr
-                             ? grammar.range_message
-                             : "Token start (%d) in WKT string is out of range",
+        parse.error(462,
+                    grammar.range_message != nullptr
+                        ? grammar.range_message
+                        : "Token start (%d) in WKT string is out of range",
                     start);
         return nullptr;
     }
@@ -277,21 +278,30 @@ const keyword_type leading_keywords[] = {
     {"VERTTRAN", GX_TYPE_VERTTRAN},
 };
 const keyword_type other_keywords[] = {
-    {"HVCOORDSYS", GX_TYPE_HVCOORDSYS}, {"GEOGTRAN", GX_TYPE_GEOGTRAN},
-    {"PROJCS", GX_TYPE_PROJCS},         {"GEOGCS", GX_TYPE_GEOGCS},
-    {"VERTCS", GX_TYPE_VERTCS},         {"GEOXYZCS", GX_TYPE_GEOXYZCS},
-    {"DATUM", GX_TYPE_DATUM},           {"VDATUM", GX_TYPE_VDATUM},
-    {"LINUNIT", GX_TYPE_UNIT},          {"ANGUNIT", GX_TYPE_UNIT},
-    {"UNIT", GX_TYPE_UNIT},             {"PRIMEM", GX_TYPE_PRIMEM},
-    {"SPHEROID", GX_TYPE_SPHEROID},     {"ELLIPSOID", GX_TYPE_SPHEROID},
-    {"METHOD", GX_TYPE_METHOD},         {"HTMETHOD", GX_TYPE_HTMETHOD},
-    {"PROJECTION", GX_TYPE_PROJECTION}, {"PARAMETER", GX_TYPE_PARAMETER},
-    {"AUTHORITY", GX_TYPE_AUTHORITY},   {"ARRAY", GX_TYPE_ARRAY},
+    {"HVCOORDSYS", GX_TYPE_HVCOORDSYS},
+    {"GEOGTRAN", GX_TYPE_GEOGTRAN},
+    {"PROJCS", GX_TYPE_PROJCS},
+    {"GEOGCS", GX_TYPE_GEOGCS},
+    {"VERTCS", GX_TYPE_VERTCS},
+    {"GEOXYZCS", GX_TYPE_GEOXYZCS},
+    {"DATUM", GX_TYPE_DATUM},
+    {"VDATUM", GX_TYPE_VDATUM},
+    {"LINUNIT", GX_TYPE_UNIT},
+    {"ANGUNIT", GX_TYPE_UNIT},
+    {"UNIT", GX_TYPE_UNIT},
+    {"PRIMEM", GX_TYPE_PRIMEM},
+    {"SPHEROID", GX_TYPE_SPHEROID},
+    {"ELLIPSOID", GX_TYPE_SPHEROID},
+    {"METHOD", GX_TYPE_METHOD},
+    {"HTMETHOD", GX_TYPE_HTMETHOD},
+    {"PROJECTION", GX_TYPE_PROJECTION},
+    {"PARAMETER", GX_TYPE_PARAMETER},
+    {"AUTHORITY", GX_TYPE_AUTHORITY},
+    {"ARRAY", GX_TYPE_ARRAY},
     {"VTMETHOD", GX_TYPE_VTMETHOD},
 };
 
-template <std::size_t N>
-unsigned int match_prefix(const keyword_type (&table)[N], const char *text)
+template <std::size_t N> unsigned int match_prefix(const keyword_type (&table)[N], const char *text)
 {
     for (const keyword_type &row : table)
         if (gx_strncmp_ci2(text, row.keyword) == 0)
@@ -308,7 +318,10 @@ bool is_compound(const char *text)
 
 } // namespace
 
-void *gx_object_from_string(const char *text) { return gx_object_from_string_errext(text, nullptr); }
+void *gx_object_from_string(const char *text)
+{
+    return gx_object_from_string_errext(text, nullptr);
+}
 
 void *gx_object_from_string_errext(const char *text, gx_err_rec *err)
 {
@@ -363,8 +376,8 @@ void *gx_object_from_string_by_type_errext(unsigned int type, const char *text, 
     const gx_object_vec *vec = gx_object_vector(type);
     if (vec == nullptr || vec->from_string_errext == nullptr) {
         gx::err_scope scope(err);
-        gx_err_fmt(scope.rec(), GX_ERRLVL_ERROR, GX_ERRCAT_WKT, 426, "gx_object_from_string_by_type",
-                   "Invalid object type (%06x)", type);
+        gx_err_fmt(scope.rec(), GX_ERRLVL_ERROR, GX_ERRCAT_WKT, 426,
+                   "gx_object_from_string_by_type", "Invalid object type (%06x)", type);
         return nullptr;
     }
     return vec->from_string_errext(text, err);

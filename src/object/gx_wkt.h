@@ -44,17 +44,17 @@ constexpr int wkt_param_slots = 16;
 
 struct wkt_grammar {
     const char *keyword;
-    const char *keyword2;    // a second keyword the type also answers to, or null
-    const char *function;    // reported function name, "gx_unit_from_string"
-    int min_tokens;          // keyword, name and positional values
+    const char *keyword2;             // a second keyword the type also answers to, or null
+    const char *function;             // reported function name, "gx_unit_from_string"
+    int min_tokens;                   // keyword, name and positional values
     const char *insufficient_message; // null: "Insufficient tokens in WKT string"
     const char *range_message;        // null: "Token start (%d) in WKT string is out of range"
     int value_count;
     wkt_value values[wkt_max_values];
-    bool collect_rest;       // the remaining plain values are the type's (array, authority)
+    bool collect_rest; // the remaining plain values are the type's (array, authority)
     int sub_count;
     const wkt_sub *subs;
-    int authority_slot;      // slot of the AUTHORITY sub-object, or -1
+    int authority_slot; // slot of the AUTHORITY sub-object, or -1
     // Validates the positional values (reports and returns false on a bad one); may be null.
     bool (*check_values)(wkt_parse &parse);
     // Takes a sub-object of a slot -1 kind (parameters); reports and returns false when it is
@@ -70,15 +70,15 @@ struct wkt_grammar {
 struct wkt_parse {
     const wkt_grammar *grammar = nullptr;
     const gx_token_list *list = nullptr;
-    int start = 0;                     // index of the keyword
-    int end = 0;                       // index after the object's last token
-    int level = 0;                     // level of the keyword
-    gx_err_rec *rec = nullptr;         // the record in use (caller's or local)
-    gx_err_rec *caller_err = nullptr;  // the caller's record, or null
+    int start = 0;                    // index of the keyword
+    int end = 0;                      // index after the object's last token
+    int level = 0;                    // level of the keyword
+    gx_err_rec *rec = nullptr;        // the record in use (caller's or local)
+    gx_err_rec *caller_err = nullptr; // the caller's record, or null
     const char *name = nullptr;
     const char *values[wkt_max_values] = {};
     int rest_count = 0;
-    const char *rest[GX_MAX_TOKENS];   // the first rest_count are set (not cleared: 2 KiB)
+    const char *rest[GX_MAX_TOKENS]; // the first rest_count are set (not cleared: 2 KiB)
     gx_object_header *slots[wkt_max_slots] = {};
     gx_object_header *params[wkt_param_slots] = {};
 
@@ -111,8 +111,8 @@ gx_object_header *authority_from_tokens(const gx_token_list *list, int start, in
                                         gx_err_rec *err);
 constexpr wkt_sub authority_sub(int slot)
 {
-    return {"AUTHORITY", nullptr, slot, authority_from_tokens, 403,
-            "Duplicate authority in WKT string"};
+    return {"AUTHORITY",           nullptr, slot,
+            authority_from_tokens, 403,     "Duplicate authority in WKT string"};
 }
 
 // The name-synonym tables: pairs of (old name, current name) ended by a null pair.

@@ -1,6 +1,4 @@
-/*
- * gx_angle.cpp -- angle wrapping and the tolerant equality test.
- */
+// gx_angle.cpp -- angle wrapping and the tolerant equality test.
 #include "gridex.h"
 #include "projection/gx_math.h"
 
@@ -10,8 +8,10 @@ using namespace gx::math;
 
 extern "C" {
 
-GX_API double gx_delta(double x) {
-    if (x >= -kPi && x <= kPi) return x; /* the common case, without the division of fmod */
+GX_API double gx_delta(double x)
+{
+    if (x >= -kPi && x <= kPi)
+        return x; // the common case, without the division of fmod
     double r = std::fmod(x, kTwoPi);
     if (r > kPi)
         r -= kTwoPi;

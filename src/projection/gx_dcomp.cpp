@@ -1,8 +1,6 @@
-/*
- * gx_dcomp.cpp -- complex arithmetic on the gx_dcomp record (real, imaginary), the gx_dcomp_
- * family.  Same mathematics as the gx_z family: std::complex for the elementary
- * functions, gx_zelliptic.cpp for the elliptic ones.
- */
+// gx_dcomp.cpp -- complex arithmetic on the gx_dcomp record (real, imaginary), the gx_dcomp_
+// family.  Same mathematics as the gx_z family: std::complex for the elementary
+// functions, gx_zelliptic.cpp for the elliptic ones.
 #include "gridex.h"
 #include "projection/gx_math.h"
 
@@ -25,7 +23,7 @@ GX_API double gx_dcomp_abs(gx_dcomp z) { return std::hypot(z.re, z.im); }
 GX_API double gx_dcomp_arg(gx_dcomp z) { return std::atan2(z.im, z.re); }
 GX_API gx_dcomp gx_dcomp_add(gx_dcomp a, gx_dcomp b) { return gx_dcomp{a.re + b.re, a.im + b.im}; }
 GX_API gx_dcomp gx_dcomp_sub(gx_dcomp a, gx_dcomp b) { return gx_dcomp{a.re - b.re, a.im - b.im}; }
-GX_API gx_dcomp gx_dcomp_mult(gx_dcomp a, gx_dcomp b) { return out(in(a) * in(b)); }
+GX_API gx_dcomp gx_dcomp_mult(gx_dcomp a, gx_dcomp b) { return out(in(a)*in(b)); }
 GX_API gx_dcomp gx_dcomp_div(gx_dcomp a, gx_dcomp b) { return out(in(a) / in(b)); }
 GX_API gx_dcomp gx_dcomp_conjg(gx_dcomp z) { return gx_dcomp{z.re, -z.im}; }
 GX_API gx_dcomp gx_dcomp_exp(gx_dcomp z) { return out(std::exp(in(z))); }
@@ -42,19 +40,22 @@ GX_API gx_dcomp gx_dcomp_sinh(gx_dcomp z) { return out(std::sinh(in(z))); }
 GX_API gx_dcomp gx_dcomp_tanh(gx_dcomp z) { return out(std::tanh(in(z))); }
 GX_API gx_dcomp gx_dcomp_atanh(gx_dcomp z) { return out(std::atanh(in(z))); }
 
-GX_API gx_dcomp gx_dcomp_sn(gx_dcomp z, double m) {
+GX_API gx_dcomp gx_dcomp_sn(gx_dcomp z, double m)
+{
     cplx r;
     zsncndn(in(z), m, &r, nullptr, nullptr);
     return out(r);
 }
 
-GX_API gx_dcomp gx_dcomp_cn(gx_dcomp z, double m) {
+GX_API gx_dcomp gx_dcomp_cn(gx_dcomp z, double m)
+{
     cplx r;
     zsncndn(in(z), m, nullptr, &r, nullptr);
     return out(r);
 }
 
-GX_API gx_dcomp gx_dcomp_dn(gx_dcomp z, double m) {
+GX_API gx_dcomp gx_dcomp_dn(gx_dcomp z, double m)
+{
     cplx r;
     zsncndn(in(z), m, nullptr, nullptr, &r);
     return out(r);

@@ -23,10 +23,10 @@ constexpr int x_scale = 12, y_scale = 13, height_or_option = 15;
 
 // The canonical frame of one projected CS.
 struct frame {
-    double sphere[2];  // a, e2
-    double parms[16];  // slot values in radians and metres, with the defaults of absent slots
-    double angular;    // radians per unit of the geographic CS
-    double linear;     // metres per unit of the projected CS
+    double sphere[2]; // a, e2
+    double parms[16]; // slot values in radians and metres, with the defaults of absent slots
+    double angular;   // radians per unit of the geographic CS
+    double linear;    // metres per unit of the projected CS
 };
 
 // Builds the frame; false when the CS lacks a part it needs.

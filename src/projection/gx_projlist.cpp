@@ -39,8 +39,10 @@ struct horizons {
     gx_horizon_rtn pcs_raster;
 };
 
-#define FORMULAS_OF(stem) formulas{gx_##stem##_fwd, gx_##stem##_inv, gx_##stem##_const}
-#define PER_CALL_FORMULAS_OF(stem) formulas{gx_##stem##_fwd, gx_##stem##_inv, nullptr}
+#define FORMULAS_OF(stem)                                                                          \
+    formulas { gx_##stem##_fwd, gx_##stem##_inv, gx_##stem##_const }
+#define PER_CALL_FORMULAS_OF(stem)                                                                 \
+    formulas { gx_##stem##_fwd, gx_##stem##_inv, nullptr }
 
 // A projection whose formulas are not written yet: the identity, without constants.
 constexpr formulas pending = {gx_prj_null_fwd, gx_prj_null_inv, nullptr};
@@ -53,8 +55,8 @@ constexpr horizons own_horizon = {gx_horizon_null, nullptr, nullptr, nullptr};
 
 constexpr gx_projlist_entry row(int code, const char *name, formulas f, horizons h)
 {
-    return {code, "TAVU", "9.3.0", name, f.forward, f.inverse,
-            h.gcs, h.pcs, h.gcs_raster, h.pcs_raster, f.setup};
+    return {code,  "TAVU", "9.3.0",      name,         f.forward, f.inverse,
+            h.gcs, h.pcs,  h.gcs_raster, h.pcs_raster, f.setup};
 }
 
 // Codes of an auxiliary-sphere variant are the base projection's plus 100.

@@ -1,28 +1,26 @@
-/*
- * gx_equidistant_conic.cpp -- the equidistant conic projection, on the sphere and on the
- * ellipsoid.
- *
- * Parameters: central meridian lambda0 (slot 2), standard parallels phi1, phi2 (slots 3, 4; equal
- * for the one-parallel form) and latitude of origin phi0 (slot 6).  Distances along the meridians
- * are true: the radius of a parallel falls off with the meridian arc M(phi).  Snyder 1987, "Map
- * Projections -- A Working Manual", eqs. 16-1 to 16-5 (sphere) and 16-11 to 16-14 (ellipsoid),
- * with m = cos phi / w(phi):
- *   n   = a (m1 - m2) / (M2 - M1)           (n = sin phi1 for equal parallels)
- *   a G = a m1 / n + M1
- *   rho = a G - M,   rho0 = a G - M0,
- *   x = rho sin(theta),   y = rho0 - rho cos(theta),   theta = n (lambda - lambda0).
- * The meridian arc is taken as M = R_r mu, R_r the rectifying radius and mu the rectifying latitude
- * (on the sphere R_r = a and mu = phi).  Back: rho and theta from (x, rho0 - y) with the sign of
- * n, mu = (a G - rho) / R_r held to [-pi/2, pi/2], and phi from mu.
- *
- * Symmetric parallels (phi1 = -phi2, also both on the equator) open the cone into a cylinder,
- * n = 0: the limit is the equidistant cylindrical projection x = a m1 (lambda - lambda0),
- * y = M - M0.  With both parallels at the poles it has no width: no constants, no point converted.
- *
- * Constants record:  sphere     4: [0] n, [1] a G, [2] rho0, [3] R_r = a
- *                    ellipsoid 21: the same four, [4..20] rectifying-latitude block
- *                    a cylinder (n = 0) holds [1] a m1 and [2] M0 in place of a G and rho0.
- */
+// gx_equidistant_conic.cpp -- the equidistant conic projection, on the sphere and on the
+// ellipsoid.
+//
+// Parameters: central meridian lambda0 (slot 2), standard parallels phi1, phi2 (slots 3, 4; equal
+// for the one-parallel form) and latitude of origin phi0 (slot 6).  Distances along the meridians
+// are true: the radius of a parallel falls off with the meridian arc M(phi).  Snyder 1987, "Map
+// Projections -- A Working Manual", eqs. 16-1 to 16-5 (sphere) and 16-11 to 16-14 (ellipsoid),
+// with m = cos phi / w(phi):
+//   n   = a (m1 - m2) / (M2 - M1)           (n = sin phi1 for equal parallels)
+//   a G = a m1 / n + M1
+//   rho = a G - M,   rho0 = a G - M0,
+//   x = rho sin(theta),   y = rho0 - rho cos(theta),   theta = n (lambda - lambda0).
+// The meridian arc is taken as M = R_r mu, R_r the rectifying radius and mu the rectifying latitude
+// (on the sphere R_r = a and mu = phi).  Back: rho and theta from (x, rho0 - y) with the sign of
+// n, mu = (a G - rho) / R_r held to [-pi/2, pi/2], and phi from mu.
+//
+// Symmetric parallels (phi1 = -phi2, also both on the equator) open the cone into a cylinder,
+// n = 0: the limit is the equidistant cylindrical projection x = a m1 (lambda - lambda0),
+// y = M - M0.  With both parallels at the poles it has no width: no constants, no point converted.
+//
+// Constants record:  sphere     4: [0] n, [1] a G, [2] rho0, [3] R_r = a
+//                    ellipsoid 21: the same four, [4..20] rectifying-latitude block
+//                    a cylinder (n = 0) holds [1] a m1 and [2] M0 in place of a G and rho0.
 #include "projections/gx_projection_support.h"
 
 #include <algorithm>
@@ -38,24 +36,28 @@ constexpr int kBlockOffset = 4;
 
 int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
 
-/* The meridian arc from the equator, R_r mu(phi). */
-double meridian_arc(double e2, const double *mu_block, double rect_radius, double phi) {
+// The meridian arc from the equator, R_r mu(phi).
+double meridian_arc(double e2, const double *mu_block, double rect_radius, double phi)
+{
     return rect_radius * (mu_block ? gx_phi_to_mu_wconst(e2, phi, mu_block) : phi);
 }
 
-/* The constants, or 0 for a cylinder without width. */
-int equidistant_conic_constants(const double sphere[2], const double parms[16], double *values) {
+// The constants, or 0 for a cylinder without width.
+int equidistant_conic_constants(const double sphere[2], const double parms[16], double *values)
+{
     const double a = sphere[0], e2 = sphere[1];
     const double phi1 = parms[kStandardParallel1], phi2 = parms[kStandardParallel2];
     double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
-    if (block != nullptr) gx_mu_rectifying_constants(e2, block, 0);
+    if (block != nullptr)
+        gx_mu_rectifying_constants(e2, block, 0);
     const double rect_radius = gx_rect_r(a, e2);
     const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
     const double arc0 = meridian_arc(e2, block, rect_radius, parms[kLatitudeOfOrigin]);
     const double arc1 = meridian_arc(e2, block, rect_radius, phi1);
     const double arc2 = meridian_arc(e2, block, rect_radius, phi2);
     if (eq(phi1, -phi2)) {
-        if (at_pole(phi1)) return 0;
+        if (at_pole(phi1))
+            return 0;
         values[0] = 0.0;
         values[1] = a * m1;
         values[2] = arc0;
@@ -71,13 +73,15 @@ int equidistant_conic_constants(const double sphere[2], const double parms[16], 
 }
 
 class EquidistantConic {
-  public:
+public:
     EquidistantConic(const double sphere[2], const double parms[16], const int *ivals,
                      const double *dvals)
-        : e2_(sphere[1]), lam0_(parms[kCentralMeridian]) {
+        : e2_(sphere[1]), lam0_(parms[kCentralMeridian])
+    {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {
-            if (equidistant_conic_constants(sphere, parms, local_) == 0) return;
+            if (equidistant_conic_constants(sphere, parms, local_) == 0)
+                return;
             values = local_;
         }
         n_ = values[0];
@@ -95,7 +99,8 @@ class EquidistantConic {
 
     bool valid() const { return valid_; }
 
-    void forward(double *point) const {
+    void forward(double *point) const
+    {
         const double arc = meridian_arc(e2_, mu_block_, rect_radius_, point[1]);
         const double dlam = gx_delta(point[0] - lam0_);
         if (n_ == 0.0) {
@@ -108,7 +113,8 @@ class EquidistantConic {
         point[1] = rho0_ - rho * std::cos(theta);
     }
 
-    void inverse(double *point) const {
+    void inverse(double *point) const
+    {
         double arc;
         if (n_ == 0.0) {
             arc = point[1] + arc0_;
@@ -123,7 +129,7 @@ class EquidistantConic {
         point[1] = mu_block_ ? gx_mu_to_phi_wconst(e2_, mu, mu_block_) : mu;
     }
 
-  private:
+private:
     double e2_, lam0_;
     double n_ = 0.0, a_g_ = 0.0, rho0_ = 0.0, a_m1_ = 0.0, arc0_ = 0.0, rect_radius_ = 0.0;
     const double *mu_block_ = nullptr;
@@ -136,22 +142,27 @@ class EquidistantConic {
 extern "C" {
 
 GX_API int gx_equidistant_conic_const(gx_constants *constants, const double sphere[2],
-                                      const double parms[16]) {
+                                      const double parms[16])
+{
     double values[kEllipsoidCount];
     return store_constants(constants, values, equidistant_conic_constants(sphere, parms, values));
 }
 
 GX_API int gx_equidistant_conic_fwd(const double sphere[2], const double parms[16], int n,
-                                    double *coords, const int *ivals, const double *dvals) {
+                                    double *coords, const int *ivals, const double *dvals)
+{
     const EquidistantConic projection(sphere, parms, ivals, dvals);
-    if (!projection.valid()) return 0;
+    if (!projection.valid())
+        return 0;
     return convert_points(n, coords, [&](double *p) { projection.forward(p); });
 }
 
 GX_API int gx_equidistant_conic_inv(const double sphere[2], const double parms[16], int n,
-                                    double *coords, const int *ivals, const double *dvals) {
+                                    double *coords, const int *ivals, const double *dvals)
+{
     const EquidistantConic projection(sphere, parms, ivals, dvals);
-    if (!projection.valid()) return 0;
+    if (!projection.valid())
+        return 0;
     return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
 }
 

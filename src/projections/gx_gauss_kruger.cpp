@@ -22,12 +22,12 @@ constexpr int scale_factor = kScaleFactor;
 constexpr int latitude_of_origin = kLatitudeOfOrigin;
 
 // Layout of the ellipsoidal constants.
-constexpr int c_second_ecc2 = 0;  // e'^2 = e2 / (1 - e2)
-constexpr int c_mu0 = 1;          // rectifying latitude of the latitude of origin
-constexpr int c_rect_radius = 2;  // rectifying radius
-constexpr int c_block = 3;        // the rectifying-latitude block
+constexpr int c_second_ecc2 = 0; // e'^2 = e2 / (1 - e2)
+constexpr int c_mu0 = 1;         // rectifying latitude of the latitude of origin
+constexpr int c_rect_radius = 2; // rectifying radius
+constexpr int c_block = 3;       // the rectifying-latitude block
 constexpr int ellipsoid_count = 21;
-constexpr int sphere_count = 2;   // a k0, a k0 / 2
+constexpr int sphere_count = 2; // a k0, a k0 / 2
 
 // The rectifying latitude of phi from sin(phi) and cos(phi) already at hand: on ellipsoids of
 // small eccentricity the series of the block, with its double angles from sin and cos.
@@ -48,7 +48,8 @@ double footpoint(double e2, double mu, const double *block, double &sin_phi, dou
         const double sin_mu = std::sin(mu), cos_mu = std::cos(mu);
         const double delta = gx::math::sine_series(block + 7, sin_mu, cos_mu), d2 = delta * delta;
         const double sin_delta =
-            delta * (1.0 - d2 * (1.0 / 6.0) * (1.0 - d2 * (1.0 / 20.0) * (1.0 - d2 * (1.0 / 42.0))));
+            delta *
+            (1.0 - d2 * (1.0 / 6.0) * (1.0 - d2 * (1.0 / 20.0) * (1.0 - d2 * (1.0 / 42.0))));
         const double cos_delta =
             1.0 - d2 * 0.5 * (1.0 - d2 * (1.0 / 12.0) * (1.0 - d2 * (1.0 / 30.0)));
         sin_phi = sin_mu * cos_delta + cos_mu * sin_delta;
@@ -98,14 +99,13 @@ void forward_ellipsoid(double a, double e2, const double parms[16], const double
                       330.0 * T * C - 680.0 * T * C2 - 600.0 * T * C3 - 192.0 * T * C4) +
                  s * cs * c2 * c2 * c2 * L2 * L2 * L2 * L2 * (1.0 / 40320.0) *
                      (1385.0 - 3111.0 * T + 543.0 * T2 - T3));
-        const double x =
-            k0 * nu *
-            (cs * L + cs * c2 * L2 * L * (1.0 / 6.0) * (1.0 - T + C) +
-             cs * c2 * c2 * L2 * L2 * L * (1.0 / 120.0) *
-                 (5.0 - 18.0 * T + T2 + 14.0 * C + 13.0 * C2 + 4.0 * C3 - 58.0 * T * C -
-                  64.0 * T * C2 - 24.0 * T * C3) +
-             cs * c2 * c2 * c2 * L2 * L2 * L2 * L * (1.0 / 5040.0) *
-                 (61.0 - 479.0 * T + 179.0 * T2 - T3));
+        const double x = k0 * nu *
+                         (cs * L + cs * c2 * L2 * L * (1.0 / 6.0) * (1.0 - T + C) +
+                          cs * c2 * c2 * L2 * L2 * L * (1.0 / 120.0) *
+                              (5.0 - 18.0 * T + T2 + 14.0 * C + 13.0 * C2 + 4.0 * C3 -
+                               58.0 * T * C - 64.0 * T * C2 - 24.0 * T * C3) +
+                          cs * c2 * c2 * c2 * L2 * L2 * L2 * L * (1.0 / 5040.0) *
+                              (61.0 - 479.0 * T + 179.0 * T2 - T3));
         p[0] = x;
         p[1] = y;
     }
@@ -147,14 +147,13 @@ void inverse_ellipsoid(double a, double e2, const double parms[16], const double
         // The last divisor is 5020 where the series has 5040: coordinates published with this
         // implementation depend on it, so it stays.
         const double lam =
-            lam0 +
-            D * sec *
-                (1.0 -
-                 D2 * ((1.0 + 2.0 * T + C) * (1.0 / 6.0) -
-                       D2 * ((5.0 + 28.0 * T + 24.0 * T2 + 6.0 * C - 3.0 * C2 - 4.0 * C3 +
-                              8.0 * T * C + 4.0 * T * C2 + 24.0 * T * C3) /
-                                 120.0 -
-                             D2 * (61.0 + 662.0 * T + 1320.0 * T2 + 720.0 * T3) * (1.0 / 5020.0))));
+            lam0 + D * sec *
+                       (1.0 - D2 * ((1.0 + 2.0 * T + C) * (1.0 / 6.0) -
+                                    D2 * ((5.0 + 28.0 * T + 24.0 * T2 + 6.0 * C - 3.0 * C2 -
+                                           4.0 * C3 + 8.0 * T * C + 4.0 * T * C2 + 24.0 * T * C3) /
+                                              120.0 -
+                                          D2 * (61.0 + 662.0 * T + 1320.0 * T2 + 720.0 * T3) *
+                                              (1.0 / 5020.0))));
         p[0] = gx_delta(lam);
         p[1] = phi;
     }

@@ -1,21 +1,19 @@
-/*
- * gx_mercator.cpp -- the normal Mercator projection, on the sphere and on the ellipsoid, and its
- * auxiliary-sphere form.
- *
- * Snyder 1987, "Map Projections -- A Working Manual", eqs. 7-1, 7-2 (sphere) and 7-6, 7-7
- * (ellipsoid), with the standard parallel phi1 of true scale (slot 3) giving the scale
- * K = cos phi1 / w(phi1) on the equator.  On the ellipsoid the latitude goes through the
- * conformal latitude chi, after which the projection is the spherical one:
- *   x = a K (lambda - lambda0),   y = a K ln tan(pi/4 + chi/2) = a K asinh(tan chi),
- * and back  chi = pi/2 - 2 atan(exp(-y / (a K))) = atan(sinh(y / (a K))).
- * The asinh/atan(sinh) forms are the same functions (the inverse Gudermannian and the
- * Gudermannian) without the cancellation of the tangent forms near the equator: phi = 0 maps to
- * y = 0 exactly.  A pole is pulled in to kPoleLatitude, where the northing is large but finite.
- *
- * Constants record:  sphere     2: [0] K = cos phi1, [1] a K
- *                    ellipsoid 20: [0] K = cos phi1 / w(phi1), [1] a K,
- *                                  [2..17] conformal-latitude block, [18..19] zero
- */
+// gx_mercator.cpp -- the normal Mercator projection, on the sphere and on the ellipsoid, and its
+// auxiliary-sphere form.
+//
+// Snyder 1987, "Map Projections -- A Working Manual", eqs. 7-1, 7-2 (sphere) and 7-6, 7-7
+// (ellipsoid), with the standard parallel phi1 of true scale (slot 3) giving the scale
+// K = cos phi1 / w(phi1) on the equator.  On the ellipsoid the latitude goes through the
+// conformal latitude chi, after which the projection is the spherical one:
+//   x = a K (lambda - lambda0),   y = a K ln tan(pi/4 + chi/2) = a K asinh(tan chi),
+// and back  chi = pi/2 - 2 atan(exp(-y / (a K))) = atan(sinh(y / (a K))).
+// The asinh/atan(sinh) forms are the same functions (the inverse Gudermannian and the
+// Gudermannian) without the cancellation of the tangent forms near the equator: phi = 0 maps to
+// y = 0 exactly.  A pole is pulled in to kPoleLatitude, where the northing is large but finite.
+//
+// Constants record:  sphere     2: [0] K = cos phi1, [1] a K
+//                    ellipsoid 20: [0] K = cos phi1 / w(phi1), [1] a K,
+//                                  [2..17] conformal-latitude block, [18..19] zero
 #include "projections/gx_auxiliary_sphere.h"
 #include "projections/gx_projection_support.h"
 
@@ -31,10 +29,11 @@ constexpr int kBlockOffset = 2;
 
 int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
 
-/* The constants for a sphere or an ellipsoid; block_flags selects which halves of the conformal
-   block are computed (0 for all of them). */
+// The constants for a sphere or an ellipsoid; block_flags selects which halves of the conformal
+// block are computed (0 for all of them).
 int mercator_constants(const double sphere[2], const double parms[16], double *values,
-                       int block_flags) {
+                       int block_flags)
+{
     const double a = sphere[0], e2 = sphere[1], phi1 = parms[kStandardParallel1];
     if (is_sphere(e2)) {
         values[0] = std::cos(phi1);
@@ -49,17 +48,19 @@ int mercator_constants(const double sphere[2], const double parms[16], double *v
     return kEllipsoidCount;
 }
 
-int all_constants(const double sphere[2], const double parms[16], double *values) {
+int all_constants(const double sphere[2], const double parms[16], double *values)
+{
     return mercator_constants(sphere, parms, values, 0);
 }
 
-/* One call's projection: the central meridian, the scale a K and, on the ellipsoid, the
-   conformal block. */
+// One call's projection: the central meridian, the scale a K and, on the ellipsoid, the
+// conformal block.
 class Mercator {
-  public:
+public:
     Mercator(const double sphere[2], const double parms[16], const int *ivals, const double *dvals,
              int block_flags)
-        : e2_(sphere[1]), lam0_(parms[kCentralMeridian]) {
+        : e2_(sphere[1]), lam0_(parms[kCentralMeridian])
+    {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {
             mercator_constants(sphere, parms, local_, block_flags);
@@ -69,23 +70,27 @@ class Mercator {
         chi_block_ = is_sphere(e2_) ? nullptr : values + kBlockOffset;
     }
 
-    void forward(double *point) const {
+    void forward(double *point) const
+    {
         const double chi = conformal(pull_in_pole(point[1]));
         point[0] = a_k_ * gx_delta(point[0] - lam0_);
         point[1] = a_k_ * std::asinh(std::tan(chi));
     }
 
-    void inverse(double *point) const {
+    void inverse(double *point) const
+    {
         const double chi = std::atan(std::sinh(point[1] / a_k_));
         point[0] = gx_delta(lam0_ + point[0] / a_k_);
         point[1] = geodetic(chi);
     }
 
-  private:
-    double conformal(double phi) const {
+private:
+    double conformal(double phi) const
+    {
         return chi_block_ ? gx_phi_to_chi_wconst(e2_, phi, chi_block_) : phi;
     }
-    double geodetic(double chi) const {
+    double geodetic(double chi) const
+    {
         return chi_block_ ? gx_chi_to_phi_wconst(e2_, chi, chi_block_) : chi;
     }
 
@@ -102,19 +107,22 @@ const AuxiliarySphereBase kMercatorBase = {gx_mercator_fwd, gx_mercator_inv, all
 extern "C" {
 
 GX_API int gx_mercator_const(gx_constants *constants, const double sphere[2],
-                             const double parms[16]) {
+                             const double parms[16])
+{
     double values[kEllipsoidCount];
     return store_constants(constants, values, all_constants(sphere, parms, values));
 }
 
 GX_API int gx_mercator_fwd(const double sphere[2], const double parms[16], int n, double *coords,
-                           const int *ivals, const double *dvals) {
+                           const int *ivals, const double *dvals)
+{
     const Mercator mercator(sphere, parms, ivals, dvals, GX_AUXLAT_FORWARD);
     return convert_points(n, coords, [&](double *p) { mercator.forward(p); });
 }
 
 GX_API int gx_mercator_inv(const double sphere[2], const double parms[16], int n, double *coords,
-                           const int *ivals, const double *dvals) {
+                           const int *ivals, const double *dvals)
+{
     const Mercator mercator(sphere, parms, ivals, dvals, GX_AUXLAT_INVERSE);
     return convert_points(n, coords, [&](double *p) { mercator.inverse(p); });
 }

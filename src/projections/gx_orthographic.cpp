@@ -1,16 +1,14 @@
-/*
- * gx_orthographic.cpp -- the orthographic projection and its auxiliary-sphere form.
- *
- * The view of the globe from infinitely far above the center (lambda_c, phi_c) (slots 10 and
- * 11): Snyder 1987, "Map Projections -- A Working Manual", eqs. 20-3, 20-4 and, inverse, 20-14 to
- * 20-16.  The radius of the angular distance c is R sin c, so that
- *   x = R cos phi sin L,   y = R (cos phi_c sin phi - sin phi_c cos phi cos L).
- * The projection is spherical on every datum, with R = a (the first element of the ellipsoid
- * pair); its auxiliary-sphere form chooses the sphere.  Only the near hemisphere is seen: a point
- * with cos c < 0 fails forward, and a plane point farther than R from the center fails back.
- *
- * Constants record: 2 doubles, [0] cos phi_c, [1] sin phi_c.
- */
+// gx_orthographic.cpp -- the orthographic projection and its auxiliary-sphere form.
+//
+// The view of the globe from infinitely far above the center (lambda_c, phi_c) (slots 10 and
+// 11): Snyder 1987, "Map Projections -- A Working Manual", eqs. 20-3, 20-4 and, inverse, 20-14 to
+// 20-16.  The radius of the angular distance c is R sin c, so that
+//   x = R cos phi sin L,   y = R (cos phi_c sin phi - sin phi_c cos phi cos L).
+// The projection is spherical on every datum, with R = a (the first element of the ellipsoid
+// pair); its auxiliary-sphere form chooses the sphere.  Only the near hemisphere is seen: a point
+// with cos c < 0 fails forward, and a plane point farther than R from the center fails back.
+//
+// Constants record: 2 doubles, [0] cos phi_c, [1] sin phi_c.
 #include "projections/gx_auxiliary_sphere.h"
 #include "projections/gx_azimuthal.h"
 #include "projections/gx_projection_support.h"
@@ -23,17 +21,19 @@ using namespace gx::projections;
 
 constexpr int kCount = 2;
 
-int orthographic_constants(const double * /*sphere*/, const double parms[16], double *values) {
+int orthographic_constants(const double * /*sphere*/, const double parms[16], double *values)
+{
     values[0] = std::cos(parms[kLatitudeOfCenter]);
     values[1] = std::sin(parms[kLatitudeOfCenter]);
     return kCount;
 }
 
 class Orthographic {
-  public:
+public:
     Orthographic(const double sphere[2], const double parms[16], const int *ivals,
                  const double *dvals)
-        : radius_(sphere[0]) {
+        : radius_(sphere[0])
+    {
         double local[kCount];
         const double *values = given_constants(ivals, dvals, kCount);
         if (values == nullptr) {
@@ -43,20 +43,24 @@ class Orthographic {
         center_ = {parms[kLongitudeOfCenter], values[0], values[1]};
     }
 
-    bool forward(double *point) const {
+    bool forward(double *point) const
+    {
         const AzimuthalView view = view_from_center(center_, point[0], point[1]);
-        if (view.cos_c < 0.0) return false;
+        if (view.cos_c < 0.0)
+            return false;
         point[0] = radius_ * view.east;
         point[1] = radius_ * view.north;
         return true;
     }
 
-    bool inverse(double *point) const {
+    bool inverse(double *point) const
+    {
         const double x = point[0], y = point[1];
         const double rho = std::hypot(x, y);
         double sin_c = rho / radius_;
         if (sin_c > 1.0) {
-            if (sin_c > 1.0 + kTol) return false; /* beyond the rim of the hemisphere */
+            if (sin_c > 1.0 + kTol)
+                return false; // beyond the rim of the hemisphere
             sin_c = 1.0;
         }
         const double cos_c = std::sqrt((1.0 - sin_c) * (1.0 + sin_c));
@@ -64,7 +68,7 @@ class Orthographic {
         return true;
     }
 
-  private:
+private:
     double radius_;
     AzimuthalCenter center_{};
 };
@@ -77,19 +81,22 @@ const AuxiliarySphereBase kOrthographicBase = {gx_orthographic_fwd, gx_orthograp
 extern "C" {
 
 GX_API int gx_orthographic_const(gx_constants *constants, const double sphere[2],
-                                 const double parms[16]) {
+                                 const double parms[16])
+{
     double values[kCount];
     return store_constants(constants, values, orthographic_constants(sphere, parms, values));
 }
 
 GX_API int gx_orthographic_fwd(const double sphere[2], const double parms[16], int n,
-                               double *coords, const int *ivals, const double *dvals) {
+                               double *coords, const int *ivals, const double *dvals)
+{
     const Orthographic projection(sphere, parms, ivals, dvals);
     return convert_points(n, coords, [&](double *p) { return projection.forward(p); });
 }
 
 GX_API int gx_orthographic_inv(const double sphere[2], const double parms[16], int n,
-                               double *coords, const int *ivals, const double *dvals) {
+                               double *coords, const int *ivals, const double *dvals)
+{
     const Orthographic projection(sphere, parms, ivals, dvals);
     return convert_points(n, coords, [&](double *p) { return projection.inverse(p); });
 }

@@ -1,14 +1,14 @@
-/*
- * gx_projection_support.cpp -- storing a projection's constants record in its container.
- */
+// gx_projection_support.cpp -- storing a projection's constants record in its container.
 #include "projections/gx_projection_support.h"
 
 #include <cstring>
 
 namespace gx::projections {
 
-int store_constants(gx_constants *constants, const double *values, int count) {
-    if (count < 1 || values == nullptr || !gx_constants_p(constants)) return 0;
+int store_constants(gx_constants *constants, const double *values, int count)
+{
+    if (count < 1 || values == nullptr || !gx_constants_p(constants))
+        return 0;
     auto *ivals = static_cast<int *>(gx_allocate_rtn(2 * sizeof(int)));
     auto *dvals =
         static_cast<double *>(gx_allocate_rtn(static_cast<size_t>(count) * sizeof(double)));

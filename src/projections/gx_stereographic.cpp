@@ -1,26 +1,24 @@
-/*
- * gx_stereographic.cpp -- the stereographic projection (oblique, equatorial and polar; sphere
- * and ellipsoid) and its auxiliary-sphere form.
- *
- * Parameters: central meridian lambda0 (slot 2), latitude of origin phi0 (slot 6) and scale
- * factor k0 at the origin (slot 5).
- *
- * On the sphere the projection from the point opposite the origin gives the angular distance c
- * the radius 2 R k0 tan(c/2) = 2 R k0 sin c / (1 + cos c) (Snyder 1987, "Map Projections -- A
- * Working Manual", eqs. 21-2 to 21-4; inverse 21-15, 20-14, 20-15).
- *
- * On the ellipsoid it is the same projection of the conformal sphere: the latitudes become
- * conformal latitudes chi, and the sphere's radius R_c is chosen so that the scale at the origin
- * is k0 (Snyder eqs. 21-24 to 21-27):
- *   R_c = a k0 m0 / cos chi0,   m0 = cos phi0 / w(phi0),
- * and at a pole its limit (Snyder eq. 21-33)
- *   R_c = a k0 / sqrt((1 + e)^(1 + e) (1 - e)^(1 - e)).
- * The polar projection is the oblique one with chi0 = +-pi/2 exactly (cos chi0 = 0).  The point
- * opposite the origin (1 + cos c not above 2^-48) fails forward.
- *
- * Constants record:  sphere     3: [0] cos chi0, [1] sin chi0, [2] 2 R_c (R_c = a k0)
- *                    ellipsoid 19: the same three, [3..18] conformal-latitude block
- */
+// gx_stereographic.cpp -- the stereographic projection (oblique, equatorial and polar; sphere
+// and ellipsoid) and its auxiliary-sphere form.
+//
+// Parameters: central meridian lambda0 (slot 2), latitude of origin phi0 (slot 6) and scale
+// factor k0 at the origin (slot 5).
+//
+// On the sphere the projection from the point opposite the origin gives the angular distance c
+// the radius 2 R k0 tan(c/2) = 2 R k0 sin c / (1 + cos c) (Snyder 1987, "Map Projections -- A
+// Working Manual", eqs. 21-2 to 21-4; inverse 21-15, 20-14, 20-15).
+//
+// On the ellipsoid it is the same projection of the conformal sphere: the latitudes become
+// conformal latitudes chi, and the sphere's radius R_c is chosen so that the scale at the origin
+// is k0 (Snyder eqs. 21-24 to 21-27):
+//   R_c = a k0 m0 / cos chi0,   m0 = cos phi0 / w(phi0),
+// and at a pole its limit (Snyder eq. 21-33)
+//   R_c = a k0 / sqrt((1 + e)^(1 + e) (1 - e)^(1 - e)).
+// The polar projection is the oblique one with chi0 = +-pi/2 exactly (cos chi0 = 0).  The point
+// opposite the origin (1 + cos c not above 2^-48) fails forward.
+//
+// Constants record:  sphere     3: [0] cos chi0, [1] sin chi0, [2] 2 R_c (R_c = a k0)
+//                    ellipsoid 19: the same three, [3..18] conformal-latitude block
 #include "projections/gx_auxiliary_sphere.h"
 #include "projections/gx_azimuthal.h"
 #include "projections/gx_projection_support.h"
@@ -37,12 +35,14 @@ constexpr int kBlockOffset = 3;
 
 int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
 
-/* sqrt((1 + e)^(1 + e) (1 - e)^(1 - e)), the polar radius factor of the conformal sphere */
-double polar_conformal_factor(double e) {
+// sqrt((1 + e)^(1 + e) (1 - e)^(1 - e)), the polar radius factor of the conformal sphere
+double polar_conformal_factor(double e)
+{
     return std::exp(0.5 * ((1.0 + e) * std::log1p(e) + (1.0 - e) * std::log1p(-e)));
 }
 
-int stereographic_constants(const double sphere[2], const double parms[16], double *values) {
+int stereographic_constants(const double sphere[2], const double parms[16], double *values)
+{
     const double a = sphere[0], e2 = sphere[1];
     const double phi0 = parms[kLatitudeOfOrigin], a_k0 = a * parms[kScaleFactor];
     const bool polar = at_pole(phi0);
@@ -69,10 +69,11 @@ int stereographic_constants(const double sphere[2], const double parms[16], doub
 }
 
 class Stereographic {
-  public:
+public:
     Stereographic(const double sphere[2], const double parms[16], const int *ivals,
                   const double *dvals)
-        : e2_(sphere[1]) {
+        : e2_(sphere[1])
+    {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {
             stereographic_constants(sphere, parms, local_);
@@ -83,20 +84,23 @@ class Stereographic {
         chi_block_ = is_sphere(e2_) ? nullptr : values + kBlockOffset;
     }
 
-    bool forward(double *point) const {
+    bool forward(double *point) const
+    {
         const AzimuthalView view = view_from_center(center_, point[0], conformal(point[1]));
         const double one_plus_cos_c = 1.0 + view.cos_c;
-        if (!(one_plus_cos_c > kTol)) return false; /* the point opposite the origin */
+        if (!(one_plus_cos_c > kTol))
+            return false; // the point opposite the origin
         const double scale = two_radius_ / one_plus_cos_c;
         point[0] = scale * view.east;
         point[1] = scale * view.north;
         return true;
     }
 
-    void inverse(double *point) const {
+    void inverse(double *point) const
+    {
         const double x = point[0], y = point[1];
         const double rho = std::hypot(x, y);
-        /* c = 2 atan(t), t = rho / (2 R_c), as its sine and cosine */
+        // c = 2 atan(t), t = rho / (2 R_c), as its sine and cosine
         const double t = rho / two_radius_, one_plus_t2 = 1.0 + t * t;
         double chi = 0.0;
         point_from_center(center_, x, y, rho, 2.0 * t / one_plus_t2,
@@ -104,11 +108,13 @@ class Stereographic {
         point[1] = geodetic(chi);
     }
 
-  private:
-    double conformal(double phi) const {
+private:
+    double conformal(double phi) const
+    {
         return chi_block_ ? gx_phi_to_chi_wconst(e2_, phi, chi_block_) : phi;
     }
-    double geodetic(double chi) const {
+    double geodetic(double chi) const
+    {
         return chi_block_ ? gx_chi_to_phi_wconst(e2_, chi, chi_block_) : chi;
     }
 
@@ -126,19 +132,22 @@ const AuxiliarySphereBase kStereographicBase = {gx_stereographic_fwd, gx_stereog
 extern "C" {
 
 GX_API int gx_stereographic_const(gx_constants *constants, const double sphere[2],
-                                  const double parms[16]) {
+                                  const double parms[16])
+{
     double values[kEllipsoidCount];
     return store_constants(constants, values, stereographic_constants(sphere, parms, values));
 }
 
 GX_API int gx_stereographic_fwd(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals) {
+                                double *coords, const int *ivals, const double *dvals)
+{
     const Stereographic projection(sphere, parms, ivals, dvals);
     return convert_points(n, coords, [&](double *p) { return projection.forward(p); });
 }
 
 GX_API int gx_stereographic_inv(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals) {
+                                double *coords, const int *ivals, const double *dvals)
+{
     const Stereographic projection(sphere, parms, ivals, dvals);
     return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
 }

@@ -98,17 +98,17 @@ static_assert(single_precision_epsilon() == 0x1p-24f);
 // The ellipsoid and the zone of one call: the stored constants, and the complete integrals that
 // bound Lee's rectangle.
 struct Lee {
-    double scale;         // a k0
-    double m, mc;         // e2 and 1 - e2: the parameter of the Jacobi functions and its complement
-    double e;             // eccentricity
-    double kc;            // sqrt(1 - e2), the complementary modulus
-    double K, Kc;         // K and K' = K(1 - e2): the rectangle 0 <= u <= K, 0 <= v <= K'
-    double E;             // E(e2): the quarter meridian of the unit ellipsoid
+    double scale; // a k0
+    double m, mc; // e2 and 1 - e2: the parameter of the Jacobi functions and its complement
+    double e;     // eccentricity
+    double kc;    // sqrt(1 - e2), the complementary modulus
+    double K, Kc; // K and K' = K(1 - e2): the rectangle 0 <= u <= K, 0 <= v <= K'
+    double E;     // E(e2): the quarter meridian of the unit ellipsoid
     double eps, two_eps, sqrt_eps;
-    double y0;            // northing of the latitude of origin
-    const double *block;  // conformal-latitude block
-    cplx w_branch;        // w at the branch point, i (1 - e) pi/2
-    cplx sigma_branch;    // sigma at the branch point, i (K' - E')
+    double y0;           // northing of the latitude of origin
+    const double *block; // conformal-latitude block
+    cplx w_branch;       // w at the branch point, i (1 - e) pi/2
+    cplx sigma_branch;   // sigma at the branch point, i (K' - E')
 };
 
 Lee frame(const double *c, double e2)
@@ -246,7 +246,7 @@ bool zeta_of_isometric(const Lee &lee, cplx w, cplx &zeta)
     const double c = lee.mc * lee.e;
     const cplx offset = w - lee.w_branch;
     zeta = branch_distance(offset, c) < branch_start_radius ? branch_start(lee, offset, c)
-                                                           : std::asin(std::tanh(w));
+                                                            : std::asin(std::tanh(w));
     return solve(lee, zeta, [&](cplx z) {
         const Jacobi j = jacobi(lee, z);
         const cplx r = isometric(lee, j) - w;
@@ -259,7 +259,7 @@ bool zeta_of_plane(const Lee &lee, cplx sigma, cplx &zeta)
 {
     const cplx offset = sigma - lee.sigma_branch;
     zeta = branch_distance(offset, lee.mc) < branch_start_radius ? branch_start(lee, offset, lee.mc)
-                                                                : sigma * (lee.K / lee.E);
+                                                                 : sigma * (lee.K / lee.E);
     return solve(lee, zeta, [&](cplx z) {
         const Jacobi j = jacobi(lee, z);
         const cplx r = plane(lee, z, j) - sigma;
@@ -290,7 +290,7 @@ bool forward_point(const Lee &lee, double lambda0, double *point)
     double lambda = gx_delta(point[0] - lambda0), phi = point[1];
     if (std::isnan(lambda) || std::isnan(phi))
         return false;
-    Side side{lambda < 0.0, phi < 0.0, std::fabs(lambda) > kHalfPi};
+    Side side{lambda < 0.0, phi<0.0, std::fabs(lambda)> kHalfPi};
     lambda = std::fabs(lambda);
     phi = std::fabs(phi);
     if (side.far_side) {
@@ -318,7 +318,7 @@ bool inverse_point(const Lee &lee, double lambda0, double *point)
     const double x = point[0] / lee.scale, y = (point[1] + lee.y0) / lee.scale;
     if (std::isnan(x) || std::isnan(y))
         return false;
-    Side side{x < 0.0, y < 0.0, std::fabs(y) > lee.E};
+    Side side{x < 0.0, y<0.0, std::fabs(y)> lee.E};
     cplx sigma(std::fabs(y), std::fabs(x));
     if (sigma.imag() == 0.0 && eq(sigma.real(), lee.E)) { // a pole
         point[0] = lambda0;

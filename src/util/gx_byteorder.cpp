@@ -24,30 +24,15 @@ void swap_words(void *words, int n, int width)
 
 } // namespace
 
-int gx_is_big_endian(void)
-{
-    return 0;
-}
+int gx_is_big_endian(void) { return 0; }
 
-int gx_is_little_endian(void)
-{
-    return 1;
-}
+int gx_is_little_endian(void) { return 1; }
 
-void gx_swap4_int(void *words, int n)
-{
-    swap_words(words, n, 4);
-}
+void gx_swap4_int(void *words, int n) { swap_words(words, n, 4); }
 
-void gx_swap4_flt(void *values, int n)
-{
-    swap_words(values, n, 4);
-}
+void gx_swap4_flt(void *values, int n) { swap_words(values, n, 4); }
 
-void gx_swap8_dbl(void *values, int n)
-{
-    swap_words(values, n, 8);
-}
+void gx_swap8_dbl(void *values, int n) { swap_words(values, n, 8); }
 
 // A quiet NaN with a payload of 1, the library's mark for a value that could not be computed.
 void gx_double_nan(double *d)

@@ -136,8 +136,7 @@ class loose_name {
 public:
     loose_name(const char *name, remembered_classes &classes)
         : name_(name != nullptr ? name : ""), classes_(classes), first_(first_lowered(name_))
-    {
-    }
+    {}
 
     bool matches(const char *other)
     {
@@ -173,14 +172,14 @@ public:
     caseless_name(const char *name, remembered_classes &classes)
         : name_(name != nullptr ? name : ""), classes_(classes), first_(first_upper(name_)),
           length_(std::strlen(name_))
-    {
-    }
+    {}
 
     bool matches(const char *other)
     {
         other = other != nullptr ? other : "";
         return first_upper(other) == first_ && std::strlen(other) == length_ &&
-               (std::strcmp(name_, other) == 0 || compare_ignoring_case(name_, other, classes_) == 0);
+               (std::strcmp(name_, other) == 0 ||
+                compare_ignoring_case(name_, other, classes_) == 0);
     }
 
 private:

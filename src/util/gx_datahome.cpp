@@ -65,10 +65,7 @@ const char *strip_dataset_prefix(const char *name)
     return name + sizeof prefix - 1;
 }
 
-FILE *open_binary(const char *path)
-{
-    return std::fopen(path, "rb");
-}
+FILE *open_binary(const char *path) { return std::fopen(path, "rb"); }
 
 // Grid files are distributed with names in any mix of case, and file systems that tell case
 // apart will only find the exact one.  The spellings tried, in order, each applied to the
@@ -85,11 +82,8 @@ FILE *open_any_case(char *path)
         int (*recase)(char *dst, const char *src);
     };
     const spelling spellings[] = {
-        {nullptr, nullptr},
-        {ext, gx_strupper},
-        {base, gx_strlower},
-        {ext, gx_strupper},
-        {base, gx_strupper},
+        {nullptr, nullptr}, {ext, gx_strupper},  {base, gx_strlower},
+        {ext, gx_strupper}, {base, gx_strupper},
     };
     for (const spelling &s : spellings) {
         if (s.recase)
@@ -101,8 +95,8 @@ FILE *open_any_case(char *path)
 }
 
 // Builds the path and opens the file; the path is left in `path` whatever the outcome.
-FILE *open_in_datahome(char *path, const char *subdir1, const char *subdir2,
-                       const char *filename, const char *ext, int mode)
+FILE *open_in_datahome(char *path, const char *subdir1, const char *subdir2, const char *filename,
+                       const char *ext, int mode)
 {
     std::strcpy(path, g_datahome);
     if (!append_dir(path, subdir1) || !append_dir(path, subdir2))
@@ -116,10 +110,7 @@ FILE *open_in_datahome(char *path, const char *subdir1, const char *subdir2,
 
 } // namespace
 
-void gx_datahome_setdir(const char *dir)
-{
-    store_datahome(dir);
-}
+void gx_datahome_setdir(const char *dir) { store_datahome(dir); }
 
 void gx_datahome_setfunc(const char *(*routine)(void))
 {

@@ -30,10 +30,7 @@ bool ends_in_ext(const char *path, size_t len, const char *ext)
     return tail[-1] == '.' && std::strcmp(tail, ext) == 0;
 }
 
-int path_exists(const char *path)
-{
-    return path && *path && access(path, F_OK) == 0;
-}
+int path_exists(const char *path) { return path && *path && access(path, F_OK) == 0; }
 
 } // namespace
 
@@ -92,22 +89,10 @@ char *gx_path_ext_set(char *path, const char *ext)
     return path;
 }
 
-char *gx_dircat(char *dst, const char *name)
-{
-    return join(dst, name);
-}
+char *gx_dircat(char *dst, const char *name) { return join(dst, name); }
 
-char *gx_filecat(char *dst, const char *name)
-{
-    return join(dst, name);
-}
+char *gx_filecat(char *dst, const char *name) { return join(dst, name); }
 
-int gx_dir_exists(const char *path)
-{
-    return path_exists(path);
-}
+int gx_dir_exists(const char *path) { return path_exists(path); }
 
-int gx_file_exists(const char *path)
-{
-    return path_exists(path);
-}
+int gx_file_exists(const char *path) { return path_exists(path); }

@@ -14,10 +14,7 @@ struct gx_seq {
 
 namespace {
 
-int capacity(const gx_seq *s)
-{
-    return gx_vector_length(s->ring);
-}
+int capacity(const gx_seq *s) { return gx_vector_length(s->ring); }
 
 size_t run_bytes(const gx_seq *s, int elements)
 {
@@ -29,10 +26,7 @@ unsigned char *element(const gx_seq *s, int i)
     return gx_vector_slot(s->ring, (s->first + i) % capacity(s));
 }
 
-bool in_range(const gx_seq *s, int i)
-{
-    return i >= 0 && i < s->length;
-}
+bool in_range(const gx_seq *s, int i) { return i >= 0 && i < s->length; }
 
 // Doubles the vector, copying the elements in sequence order: first the run from the first
 // element to the end of the old vector, then the wrapped run from its index 0.  On failure the
@@ -54,10 +48,7 @@ bool grow(gx_seq *s)
     return true;
 }
 
-bool make_room(gx_seq *s)
-{
-    return s->length < capacity(s) || grow(s);
-}
+bool make_room(gx_seq *s) { return s->length < capacity(s) || grow(s); }
 
 void copy_in(const gx_seq *s, int i, const void *src)
 {
@@ -95,15 +86,9 @@ void gx_destroy_seq(gx_seq *s)
     gx_deallocate_rtn(s);
 }
 
-int gx_seq_length(const gx_seq *s)
-{
-    return s ? s->length : 0;
-}
+int gx_seq_length(const gx_seq *s) { return s ? s->length : 0; }
 
-int gx_seq_elemsize(const gx_seq *s)
-{
-    return s ? gx_vector_elemsize(s->ring) : 0;
-}
+int gx_seq_elemsize(const gx_seq *s) { return s ? gx_vector_elemsize(s->ring) : 0; }
 
 int gx_seq_set(gx_seq *s, int i, const void *src)
 {

@@ -18,17 +18,11 @@ bool is_space(char c) { return gx::locale_classes::is_space(c); }
 int lower(char c) { return gx::locale_classes::lower(c); }
 int upper(char c) { return gx::locale_classes::upper(c); }
 
-const char *or_empty(const char *s)
-{
-    return s ? s : "";
-}
+const char *or_empty(const char *s) { return s ? s : ""; }
 
 // Characters that loose name comparison ignores: "GCS_WGS_1984", "gcs wgs 1984" and
 // "GCS-WGS-1984" all name the same thing.
-bool is_ignorable(char c)
-{
-    return c == '-' || c == '_' || is_space(c);
-}
+bool is_ignorable(char c) { return c == '-' || c == '_' || is_space(c); }
 
 const char *skip_ignorable(const char *s)
 {
@@ -95,10 +89,7 @@ int gx_strncmp_ci(const char *a, const char *b, int n)
     return gx::loose_compare(or_empty(a), or_empty(b), n, classes);
 }
 
-int gx_strcmp_ci(const char *a, const char *b)
-{
-    return gx_strncmp_ci(a, b, -1);
-}
+int gx_strcmp_ci(const char *a, const char *b) { return gx_strncmp_ci(a, b, -1); }
 
 int gx_strncmp_ci1(const char *a, const char *b)
 {
@@ -158,15 +149,9 @@ int gx_strcpy(char *dst, const char *src)
     return static_cast<int>(len);
 }
 
-int gx_strupper(char *dst, const char *src)
-{
-    return copy_mapped(dst, src, upper);
-}
+int gx_strupper(char *dst, const char *src) { return copy_mapped(dst, src, upper); }
 
-int gx_strlower(char *dst, const char *src)
-{
-    return copy_mapped(dst, src, lower);
-}
+int gx_strlower(char *dst, const char *src) { return copy_mapped(dst, src, lower); }
 
 // ---- fields and trimming ------------------------------------------------------------------
 
@@ -287,13 +272,7 @@ int gx_snprintf(char *buf, int size, const char *format, ...)
     return len;
 }
 
-const char *gx_getenv(const char *name)
-{
-    return name ? std::getenv(name) : nullptr;
-}
+const char *gx_getenv(const char *name) { return name ? std::getenv(name) : nullptr; }
 
 // A null routine is refused with -1, like any other registration atexit cannot make.
-int gx_atexit(void (*routine)(void))
-{
-    return routine ? std::atexit(routine) : -1;
-}
+int gx_atexit(void (*routine)(void)) { return routine ? std::atexit(routine) : -1; }

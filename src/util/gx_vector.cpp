@@ -12,10 +12,7 @@ struct gx_vector {
 
 namespace {
 
-bool in_range(const gx_vector *v, int i)
-{
-    return i >= 0 && i < v->count;
-}
+bool in_range(const gx_vector *v, int i) { return i >= 0 && i < v->count; }
 
 } // namespace
 
@@ -46,15 +43,9 @@ void gx_destroy_vector(gx_vector *v)
         gx_deallocate_rtn(v);
 }
 
-int gx_vector_length(const gx_vector *v)
-{
-    return v ? v->count : 0;
-}
+int gx_vector_length(const gx_vector *v) { return v ? v->count : 0; }
 
-int gx_vector_elemsize(const gx_vector *v)
-{
-    return v ? v->size : 0;
-}
+int gx_vector_elemsize(const gx_vector *v) { return v ? v->size : 0; }
 
 int gx_vector_set(gx_vector *v, int i, const void *src)
 {

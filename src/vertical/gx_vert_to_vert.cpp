@@ -31,8 +31,7 @@ struct vertical_side {
 vertical_side side_of(gx_vertcs *cs)
 {
     gx_parameter **parameters = gx_vertcs_parameters(cs);
-    return {gx_unit_factor(gx_vertcs_unit(cs)),
-            gx_parameter_value(parameters[vertical_shift_slot]),
+    return {gx_unit_factor(gx_vertcs_unit(cs)), gx_parameter_value(parameters[vertical_shift_slot]),
             gx_parameter_value(parameters[direction_slot]) < 0.0 ? -1.0 : 1.0};
 }
 
@@ -89,8 +88,8 @@ struct method_input {
 
 // The transformation's parameters by slot: the offset in metres (it is given in the unit of the
 // system converted to), the origin in radians and the inclinations from arc-seconds to radians.
-void fill_parameters(gx_verttran *vt, const vertical_side &to_system,
-                     const horizontal_frame &frame, method_input &input)
+void fill_parameters(gx_verttran *vt, const vertical_side &to_system, const horizontal_frame &frame,
+                     method_input &input)
 {
     gx_parameter **parameters = gx_verttran_parameters(vt);
     double *p = input.parms;

@@ -58,9 +58,15 @@ gx_vtmethod *vtmethod_from_row(const gx_vtmethlist_entry &entry, gx_err_rec *err
 }
 
 constexpr gx::method_registry<gx_vtmethlist_entry, gx_vtmethod> registry = {
-    vtmethods, vtmethod_synonyms, vtmethod_from_row,
-    "gx_vtmethlist_vtmethod_from_code", 222, "Invalid vtmethod factory code (%d)",
-    "gx_vtmethlist_vtmethod_from_name", 307, "Invalid vtmethod name \"%s\"",
+    vtmethods,
+    vtmethod_synonyms,
+    vtmethod_from_row,
+    "gx_vtmethlist_vtmethod_from_code",
+    222,
+    "Invalid vtmethod factory code (%d)",
+    "gx_vtmethlist_vtmethod_from_name",
+    307,
+    "Invalid vtmethod name \"%s\"",
 };
 
 } // namespace

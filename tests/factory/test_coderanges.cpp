@@ -98,11 +98,11 @@ void expect_ascending_unique_terminated(const CodeList &list)
 
 TEST(CodeList, ListsAreAscendingWithoutDuplicatesAndEndWithZero)
 {
-    const int types[] = {GX_TYPE_GEOGCS,  GX_TYPE_PROJCS,     GX_TYPE_VERTCS,   GX_TYPE_DATUM,
-                         GX_TYPE_VDATUM,  GX_TYPE_GEOGTRAN,   GX_TYPE_VERTTRAN, GX_TYPE_LINUNIT,
-                         GX_TYPE_ANGUNIT, GX_TYPE_UNIT,       GX_TYPE_PRIMEM,   GX_TYPE_SPHEROID,
-                         GX_TYPE_METHOD,  GX_TYPE_HTMETHOD,   GX_TYPE_VTMETHOD,
-                         GX_TYPE_PROJECTION, GX_TYPE_PARAMETER};
+    const int types[] = {GX_TYPE_GEOGCS,   GX_TYPE_PROJCS,   GX_TYPE_VERTCS,   GX_TYPE_DATUM,
+                         GX_TYPE_VDATUM,   GX_TYPE_GEOGTRAN, GX_TYPE_VERTTRAN, GX_TYPE_LINUNIT,
+                         GX_TYPE_ANGUNIT,  GX_TYPE_UNIT,     GX_TYPE_PRIMEM,   GX_TYPE_SPHEROID,
+                         GX_TYPE_METHOD,   GX_TYPE_HTMETHOD, GX_TYPE_VTMETHOD, GX_TYPE_PROJECTION,
+                         GX_TYPE_PARAMETER};
     for (int type : types) {
         SCOPED_TRACE(type);
         CodeList list(type);

@@ -152,12 +152,12 @@ TEST(DefData, FindByTypeAndCode)
 TEST(DefData, MacroTablesHoldEveryRowOfMacrosTxt)
 {
     const std::map<std::string, const gx_deftbl *> tables = {
-        {"geogcs", &gx_geogcs_deftbl},     {"projcs", &gx_projcs_deftbl},
-        {"vertcs", &gx_vertcs_deftbl},     {"datum", &gx_datum_deftbl},
-        {"vdatum", &gx_vdatum_deftbl},     {"geogtran", &gx_geogtran_deftbl},
-        {"unit", &gx_unit_deftbl},         {"primem", &gx_primem_deftbl},
-        {"spheroid", &gx_spheroid_deftbl}, {"method", &gx_method_deftbl},
-        {"htmethod", &gx_htmethod_deftbl}, {"projection", &gx_projection_deftbl},
+        {"geogcs", &gx_geogcs_deftbl},       {"projcs", &gx_projcs_deftbl},
+        {"vertcs", &gx_vertcs_deftbl},       {"datum", &gx_datum_deftbl},
+        {"vdatum", &gx_vdatum_deftbl},       {"geogtran", &gx_geogtran_deftbl},
+        {"unit", &gx_unit_deftbl},           {"primem", &gx_primem_deftbl},
+        {"spheroid", &gx_spheroid_deftbl},   {"method", &gx_method_deftbl},
+        {"htmethod", &gx_htmethod_deftbl},   {"projection", &gx_projection_deftbl},
         {"parameter", &gx_parameter_deftbl}, {"vtmethod", &gx_vtmethod_deftbl},
         {"verttran", &gx_verttran_deftbl},
     };
@@ -241,8 +241,8 @@ struct TempDir {
     fs::path path;
     explicit TempDir(const std::string &tag)
         : path(fs::temp_directory_path() /
-               ("gx_gendefs_" + tag + "_" + std::to_string(::testing::UnitTest::GetInstance()
-                                                               ->random_seed())))
+               ("gx_gendefs_" + tag + "_" +
+                std::to_string(::testing::UnitTest::GetInstance()->random_seed())))
     {
         fs::remove_all(path);
         fs::create_directories(path);
@@ -252,8 +252,8 @@ struct TempDir {
 
 int run_generator(const fs::path &data, const fs::path &out, const fs::path &log)
 {
-    std::string command = std::string("\"") + GX_GENDEFS_PATH + "\" \"" + data.string() +
-                          "\" \"" + out.string() + "\" 2>\"" + log.string() + "\"";
+    std::string command = std::string("\"") + GX_GENDEFS_PATH + "\" \"" + data.string() + "\" \"" +
+                          out.string() + "\" 2>\"" + log.string() + "\"";
     return std::system(command.c_str());
 }
 

@@ -9,10 +9,10 @@
 namespace {
 
 const gx_deftbl *const all_tables[] = {
-    &gx_geogcs_deftbl,     &gx_projcs_deftbl,   &gx_vertcs_deftbl,     &gx_hvcoordsys_deftbl,
-    &gx_datum_deftbl,      &gx_vdatum_deftbl,   &gx_geogtran_deftbl,   &gx_unit_deftbl,
-    &gx_primem_deftbl,     &gx_spheroid_deftbl, &gx_method_deftbl,     &gx_htmethod_deftbl,
-    &gx_projection_deftbl, &gx_parameter_deftbl, &gx_vtmethod_deftbl,  &gx_verttran_deftbl,
+    &gx_geogcs_deftbl,       &gx_projcs_deftbl,    &gx_vertcs_deftbl,   &gx_hvcoordsys_deftbl,
+    &gx_datum_deftbl,        &gx_vdatum_deftbl,    &gx_geogtran_deftbl, &gx_unit_deftbl,
+    &gx_primem_deftbl,       &gx_spheroid_deftbl,  &gx_method_deftbl,   &gx_htmethod_deftbl,
+    &gx_projection_deftbl,   &gx_parameter_deftbl, &gx_vtmethod_deftbl, &gx_verttran_deftbl,
     &gx_discontinued_deftbl,
 };
 

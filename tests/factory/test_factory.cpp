@@ -54,10 +54,7 @@ double parameter_value(gx_parameter **slots, int code)
 
 // A factory with the generic signature.
 using factory_fn = void *(*)(int, gx_err_rec *);
-template <auto Factory> void *generic(int code, gx_err_rec *err)
-{
-    return Factory(code, err);
-}
+template <auto Factory> void *generic(int code, gx_err_rec *err) { return Factory(code, err); }
 
 } // namespace
 
@@ -382,8 +379,8 @@ TEST_F(FactoryUser, UserDefinitionHidesTheBuiltInObject)
     gx_table_entry *table = gx_predefined_geogcs(&count);
     int listed = 0;
     for (int i = 0; i < count; i++)
-        listed += (table[i].code == 4326 && name_of(cs) == table[i].name) ||
-                  table[i].code == 204001;
+        listed +=
+            (table[i].code == 4326 && name_of(cs) == table[i].name) || table[i].code == 204001;
     EXPECT_EQ(listed, 2);
     gx_table_del(table);
 }

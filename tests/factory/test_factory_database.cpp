@@ -15,10 +15,7 @@
 namespace {
 
 using factory_fn = void *(*)(int, gx_err_rec *);
-template <auto Factory> void *generic(int code, gx_err_rec *err)
-{
-    return Factory(code, err);
-}
+template <auto Factory> void *generic(int code, gx_err_rec *err) { return Factory(code, err); }
 
 struct database_type {
     const char *file;

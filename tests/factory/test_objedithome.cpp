@@ -147,10 +147,9 @@ TEST_F(ObjEditHome, EveryTypeReadsIntoItsRecord)
               "geogtran, 208001, \"My_Shift\", 204001, 4326, 9603, 100040, 1.5, 100041, -2, "
               "100042, 3\n"
               "geogtran, 208002, \"My_Grid\", 204001, 4326, 9615, 100047, \"Dataset_my grid\"\n");
-    dir.write("verttran",
-              "verttran, 210001, \"My_Offset\", 0, 205601, 5703, 129616, 100060, 1.25\n"
-              "verttran, 210002, \"My_Geoid\", 4326, 205601, 5703, 129661, 100047, "
-              "\"Dataset_egm96\"\n");
+    dir.write("verttran", "verttran, 210001, \"My_Offset\", 0, 205601, 5703, 129616, 100060, 1.25\n"
+                          "verttran, 210002, \"My_Geoid\", 4326, 205601, 5703, 129661, 100047, "
+                          "\"Dataset_egm96\"\n");
     EXPECT_EQ(gx_objedithome_setdir(dir.path()),
               0x1 | 0x2 | 0x8 | 0x20 | 0x40 | 0x80 | 0x300 | 0x400 | 0x800 | 0x80000);
 
@@ -165,18 +164,44 @@ TEST_F(ObjEditHome, EveryTypeReadsIntoItsRecord)
         {GX_TYPE_DATUM, 206001, "D_Mine", {7030}, {}, {}},
         {GX_TYPE_VDATUM, 205101, "My_Vertical_Datum", {}, {}, {}},
         {GX_TYPE_GEOGCS, 204001, "GCS_Mine", {206001, 8901, 9102}, {}, {}},
-        {GX_TYPE_PROJCS, 202001, "My_TM", {204001, 43006, 9001}, {},
-         {{100001, 500000, nullptr}, {100002, 0, nullptr}, {100010, 15, nullptr},
+        {GX_TYPE_PROJCS,
+         202001,
+         "My_TM",
+         {204001, 43006, 9001},
+         {},
+         {{100001, 500000, nullptr},
+          {100002, 0, nullptr},
+          {100010, 15, nullptr},
           {100003, 0.9996, nullptr}}},
-        {GX_TYPE_VERTCS, 205601, "My_Heights", {205101, 9001}, {},
+        {GX_TYPE_VERTCS,
+         205601,
+         "My_Heights",
+         {205101, 9001},
+         {},
          {{100006, 0.5, nullptr}, {100007, -1, nullptr}}},
-        {GX_TYPE_GEOGTRAN, 208001, "My_Shift", {204001, 4326, 9603}, {},
+        {GX_TYPE_GEOGTRAN,
+         208001,
+         "My_Shift",
+         {204001, 4326, 9603},
+         {},
          {{100040, 1.5, nullptr}, {100041, -2, nullptr}, {100042, 3, nullptr}}},
-        {GX_TYPE_GEOGTRAN, 208002, "My_Grid", {204001, 4326, 9615}, {},
+        {GX_TYPE_GEOGTRAN,
+         208002,
+         "My_Grid",
+         {204001, 4326, 9615},
+         {},
          {{100047, 0, "Dataset_my grid"}}},
-        {GX_TYPE_VERTTRAN, 210001, "My_Offset", {0, 205601, 5703, 129616}, {},
+        {GX_TYPE_VERTTRAN,
+         210001,
+         "My_Offset",
+         {0, 205601, 5703, 129616},
+         {},
          {{100060, 1.25, nullptr}}},
-        {GX_TYPE_VERTTRAN, 210002, "My_Geoid", {4326, 205601, 5703, 129661}, {},
+        {GX_TYPE_VERTTRAN,
+         210002,
+         "My_Geoid",
+         {4326, 205601, 5703, 129661},
+         {},
          {{100047, 0, "Dataset_egm96"}}},
     };
     for (const Expected &want : records)
@@ -217,18 +242,18 @@ TEST_F(ObjEditHome, BadLinesAreReportedAndSkipped)
     std::string many = "datum, 206007, \"D_Many\"";
     for (int i = 0; i < 62; i++)
         many += ", 7030";
-    int mask = load("datum", "# my datums\n"                                   // 1
-                             "\n"                                              // 2
-                             "datum, 206001, \"D_Good\", 7030\n"               // 3
-                             "datum, 99, \"D_Low\", 7030\n"                    // 4
-                             "datum, 206002, \"D_Short\"\n"                    // 5
-                             "geogcs, 206003, \"D_Wrong\", 7030\n"             // 6
-                             "datum, 206004, \"D_Open, 7030\n"                 // 7
-                             + many + "\n" +                                   // 8
-                             "datum, 206001, \"D_Again\", 7001\n"              // 9
-                             "Datum, 206006, \"D_Case\", 7030\n"               // 10
-                             "datum, 6326x, \"D_Typo\", 7030\n"                // 11
-                             "datum, 206005, \"D_Long\", 7030, 7030\n");       // 12
+    int mask = load("datum", "# my datums\n"                                 // 1
+                             "\n"                                            // 2
+                             "datum, 206001, \"D_Good\", 7030\n"             // 3
+                             "datum, 99, \"D_Low\", 7030\n"                  // 4
+                             "datum, 206002, \"D_Short\"\n"                  // 5
+                             "geogcs, 206003, \"D_Wrong\", 7030\n"           // 6
+                             "datum, 206004, \"D_Open, 7030\n"               // 7
+                                 + many + "\n" +                             // 8
+                                 "datum, 206001, \"D_Again\", 7001\n"        // 9
+                                 "Datum, 206006, \"D_Case\", 7030\n"         // 10
+                                 "datum, 6326x, \"D_Typo\", 7030\n"          // 11
+                                 "datum, 206005, \"D_Long\", 7030, 7030\n"); // 12
     EXPECT_EQ(mask, GX_TYPE_DATUM);
 
     const char *file = "objedit file \"datum\" line ";
@@ -274,15 +299,15 @@ TEST_F(ObjEditHome, TokenCountsOfFixedAndOpenLayouts)
 
 TEST_F(ObjEditHome, ContinuationLinesAndQuotedNames)
 {
-    load("datum", "datum, 206001, \\\n"                     // 1
-                  "    \"D_Continued\", \\\n"               // 2
-                  "    7030\n"                              // 3
-                  "datum, 206002, \"My, Datum\", 7030\n"    // 4
-                  "datum, 206003, \\\n"                     // 5
-                  "  \"D_Open, 7030\n"                      // 6
+    load("datum", "datum, 206001, \\\n"                      // 1
+                  "    \"D_Continued\", \\\n"                // 2
+                  "    7030\n"                               // 3
+                  "datum, 206002, \"My, Datum\", 7030\n"     // 4
+                  "datum, 206003, \\\n"                      // 5
+                  "  \"D_Open, 7030\n"                       // 6
                   "datum, 206004, \"  Tab\there  \", 7030\n" // 7
-                  "datum, 206005, \"#1\", \\\n"             // 8
-                  "# not a comment, 7030\n");               // 9
+                  "datum, 206005, \"#1\", \\\n"              // 8
+                  "# not a comment, 7030\n");                // 9
 
     const gx_defrec *continued = gx_objedit_find(GX_TYPE_DATUM, 206001, nullptr);
     ASSERT_NE(continued, nullptr);
@@ -391,22 +416,23 @@ const BadEntry bad_entries[] = {
      "Wrong unit type (9001) in objedit entry"},
     {"geogcs", "geogcs, 204001, \"G\", GX_D_NO_SUCH, 8901, 9102", GX_TYPE_GEOGCS, 204001, 206,
      "Invalid datum factory code (GX_D_NO_SUCH)"},
-    {"projcs", "projcs, 202001, \"P\", 4326, 43006, 9001, 100040, 1", GX_TYPE_PROJCS, 202001,
-     110, "Invalid parameter code (100040) for a projcs in objedit entry"},
+    {"projcs", "projcs, 202001, \"P\", 4326, 43006, 9001, 100040, 1", GX_TYPE_PROJCS, 202001, 110,
+     "Invalid parameter code (100040) for a projcs in objedit entry"},
     {"projcs", "projcs, 202001, \"P\", 4326, 43006, 9001, 100001, 1, 100001, 2", GX_TYPE_PROJCS,
      202001, 107, "Duplicate parameter code (100001) in objedit entry"},
     {"projcs", "projcs, 202001, \"P\", 4326, 43006, 9001, 100001, 1, 100003", GX_TYPE_PROJCS,
      202001, 116, "Missing value for parameter (100003) in objedit entry"},
     {"projcs", "projcs, 202001, \"P\", 4326, 43006, 100001, 1", GX_TYPE_PROJCS, 202001, 121,
      "Missing unit in objedit entry"},
-    {"projcs", "projcs, 202001, \"P\", 4326, 43006, 9001, 4326, 100001, 1", GX_TYPE_PROJCS,
-     202001, 218, "Invalid parameter factory code (4326)"},
+    {"projcs", "projcs, 202001, \"P\", 4326, 43006, 9001, 4326, 100001, 1", GX_TYPE_PROJCS, 202001,
+     218, "Invalid parameter factory code (4326)"},
     {"vertcs", "vertcs, 205601, \"V\", 5103, 9001, 100001, 0, 100007, 1", GX_TYPE_VERTCS, 205601,
      110, "Invalid parameter code (100001) for a vertcs in objedit entry"},
     {"vertcs", "vertcs, 205601, \"V\", 5103, 9001, 100006, 0, 100006, 1", GX_TYPE_VERTCS, 205601,
      107, "Duplicate parameter code (100006) in objedit entry"},
     {"vertcs", "vertcs, 205601, \"V\", GX_VERTD_NO_SUCH, 9001, 100006, 0, 100007, 1",
-     GX_TYPE_VERTCS, 205601, 208, "Invalid datum or vertical datum factory code (GX_VERTD_NO_SUCH)"},
+     GX_TYPE_VERTCS, 205601, 208,
+     "Invalid datum or vertical datum factory code (GX_VERTD_NO_SUCH)"},
     {"geogtran", "geogtran, 208001, \"T\", 4267, 4326, 9603, 100040, 1, 100041, 2, 100043, 3",
      GX_TYPE_GEOGTRAN, 208001, 110,
      "Invalid parameter code (100043) for a geogtran in objedit entry"},
@@ -414,18 +440,16 @@ const BadEntry bad_entries[] = {
      GX_TYPE_GEOGTRAN, 208001, 109, "Number of parameters (2) in objedit entry should be 3"},
     {"geogtran", "geogtran, 208001, \"T\", 4267, 4326, 9603, 100040, 1, 100040, 2, 100042, 3",
      GX_TYPE_GEOGTRAN, 208001, 102, "Duplicate parameter code (100040) in objedit entry"},
-    {"geogtran", "geogtran, 208001, \"T\", 4267, 4326, GX_MTH_NO_SUCH, 100040, 1",
-     GX_TYPE_GEOGTRAN, 208001, 215, "Invalid method factory code (GX_MTH_NO_SUCH)"},
+    {"geogtran", "geogtran, 208001, \"T\", 4267, 4326, GX_MTH_NO_SUCH, 100040, 1", GX_TYPE_GEOGTRAN,
+     208001, 215, "Invalid method factory code (GX_MTH_NO_SUCH)"},
     {"verttran", "verttran, 210001, \"H\", 0, 5703, 5702, 129661, 100047, \"Dataset_egm96\"",
-     GX_TYPE_VERTTRAN, 210001, 115,
-     "Invalid coordsys type for vtmethod (129661) in object entry"},
+     GX_TYPE_VERTTRAN, 210001, 115, "Invalid coordsys type for vtmethod (129661) in object entry"},
     {"verttran", "verttran, 210001, \"H\", 32633, 5703, 5702, 129661, 100047, \"Dataset_egm96\"",
-     GX_TYPE_VERTTRAN, 210001, 115,
-     "Invalid coordsys type for vtmethod (129661) in object entry"},
-    {"verttran", "verttran, 210001, \"H\", 4326, 5703, 5702, 129661", GX_TYPE_VERTTRAN, 210001,
-     117, "Missing parameter for vtmethod (129661) in objedit entry"},
-    {"verttran", "verttran, 210001, \"H\", 4326, 5703, 5702, 129657, 100060, 1",
-     GX_TYPE_VERTTRAN, 210001, 118, "Missing parameter for vtmethod (129657) in objedit entry"},
+     GX_TYPE_VERTTRAN, 210001, 115, "Invalid coordsys type for vtmethod (129661) in object entry"},
+    {"verttran", "verttran, 210001, \"H\", 4326, 5703, 5702, 129661", GX_TYPE_VERTTRAN, 210001, 117,
+     "Missing parameter for vtmethod (129661) in objedit entry"},
+    {"verttran", "verttran, 210001, \"H\", 4326, 5703, 5702, 129657, 100060, 1", GX_TYPE_VERTTRAN,
+     210001, 118, "Missing parameter for vtmethod (129657) in objedit entry"},
     {"verttran", "verttran, 210001, \"H\", 0, 5703, 5702, 129616, 100001, 1", GX_TYPE_VERTTRAN,
      210001, 110, "Invalid parameter code (100001) for a verttran in objedit entry"},
     {"verttran", "verttran, 210001, \"H\", GX_GCS_NO_SUCH, 5703, 5702, 129616, 100060, 1",
@@ -460,8 +484,7 @@ TEST_F(ObjEditHome, WarningsLeaveTheRecordMade)
     const gx_defrec *extra = gx_objedit_find(GX_TYPE_VERTTRAN, 210001, &err);
     ASSERT_NE(extra, nullptr);
     EXPECT_EQ(extra->parm_count, 2);
-    expect_message(err, GX_ERRLVL_WARNING, 108,
-                   "objedit file \"verttran\" line 1 code 210001",
+    expect_message(err, GX_ERRLVL_WARNING, 108, "objedit file \"verttran\" line 1 code 210001",
                    "Extra parameter for vtmethod (129616) in objedit entry");
 
     // A vertical CS without its direction or its shift; a later unit item wins.
@@ -552,8 +575,8 @@ int in_temp_dir(int (*scenario)(const TempDir &))
 TEST(ObjEditHomeProcess, InitialisationFromTheEnvironment)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(exit(in_temp_dir(first_lookup_reads_the_environment)),
-                ::testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(exit(in_temp_dir(first_lookup_reads_the_environment)), ::testing::ExitedWithCode(0),
+                "");
     EXPECT_EXIT(exit(init_without_a_directory()), ::testing::ExitedWithCode(0), "");
     EXPECT_EXIT(exit(in_temp_dir(init_with_a_directory)), ::testing::ExitedWithCode(0), "");
 }

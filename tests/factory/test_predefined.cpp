@@ -61,8 +61,8 @@ TEST(Predefined, TableIsSortedByNameAndEndsWithAnEmptyEntry)
     EXPECT_STREQ(table[count].name, "");
     bool has_wgs84 = false;
     for (int i = 0; i < count; i++) {
-        has_wgs84 = has_wgs84 || (table[i].code == 4326 && std::string(table[i].name) ==
-                                                               "GCS_WGS_1984");
+        has_wgs84 =
+            has_wgs84 || (table[i].code == 4326 && std::string(table[i].name) == "GCS_WGS_1984");
         EXPECT_NE(table[i].code, 4635); // retired
         EXPECT_NE(table[i].code, 4233); // discontinued
         EXPECT_NE(table[i].code, 4631); // changed

@@ -25,8 +25,8 @@ namespace gxtest {
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kDeg = kPi / 180.0;
 constexpr double kArcSec = 4.84813681109536e-6; // as the driver converts arc-seconds
-constexpr double kSameFormulaTol = 1e-4;         // metres
-constexpr double kOracleTol = 1e-3;              // metres
+constexpr double kSameFormulaTol = 1e-4;        // metres
+constexpr double kOracleTol = 1e-3;             // metres
 
 struct Ellipsoid {
     const char *name;
@@ -34,7 +34,8 @@ struct Ellipsoid {
     double f() const { return 1.0 / rf; }
     double e2() const { return (2.0 - f()) * f(); }
     std::vector<double> pair() const { return {a, e2()}; }
-    std::string proj() const {
+    std::string proj() const
+    {
         char buf[96];
         std::snprintf(buf, sizeof buf, " +a=%.17g +es=%.17g", a, e2());
         return buf;
@@ -66,7 +67,8 @@ struct Cloud {
     int size() const { return static_cast<int>(heights.size()); }
 };
 
-inline Cloud cloud(const Area &area, int nlon = 60, int nlat = 50) {
+inline Cloud cloud(const Area &area, int nlon = 60, int nlat = 50)
+{
     Cloud c;
     for (int i = 0; i < nlon; ++i)
         for (int j = 0; j < nlat; ++j) {
@@ -79,17 +81,18 @@ inline Cloud cloud(const Area &area, int nlon = 60, int nlat = 50) {
 
 // Runs a method on a copy of the cloud; without heights when with_heights is false.
 inline Cloud run(gx_mth_rtn method, const Ellipsoid &e1, const Ellipsoid &e2,
-                 const double parms[16], Cloud c, bool with_heights = true) {
+                 const double parms[16], Cloud c, bool with_heights = true)
+{
     const std::vector<double> p1 = e1.pair(), p2 = e2.pair();
     const int done = method(p1.data(), p2.data(), parms, nullptr, c.size(), c.points.data(),
-                            with_heights ? c.heights.data() : nullptr, nullptr, nullptr,
-                            nullptr);
+                            with_heights ? c.heights.data() : nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(done, c.size());
     return c;
 }
 
 // The distance in metres between two geographic points close to each other.
-inline double ground_distance(double a, double lam1, double phi1, double lam2, double phi2) {
+inline double ground_distance(double a, double lam1, double phi1, double lam2, double phi2)
+{
     const double dlam = std::remainder(lam1 - lam2, 2.0 * kPi);
     return a * std::hypot(phi1 - phi2, dlam * std::cos(phi1));
 }
@@ -98,22 +101,27 @@ inline double ground_distance(double a, double lam1, double phi1, double lam2, d
 struct Worst {
     std::string what;
     double value = 0.0, lam = 0.0, phi = 0.0;
-    ~Worst() {
-        std::printf("[ worst    ] %-58s %.3g m at (%.3f, %.3f)\n", what.c_str(), value,
-                    lam / kDeg, phi / kDeg);
+    ~Worst()
+    {
+        std::printf("[ worst    ] %-58s %.3g m at (%.3f, %.3f)\n", what.c_str(), value, lam / kDeg,
+                    phi / kDeg);
     }
-    void add(double err, double at_lam, double at_phi) {
-        if (err > value || std::isnan(err)) value = err, lam = at_lam, phi = at_phi;
+    void add(double err, double at_lam, double at_phi)
+    {
+        if (err > value || std::isnan(err))
+            value = err, lam = at_lam, phi = at_phi;
     }
 };
 
 // Compares two clouds point by point (horizontal and, when both carry them, vertical).
 inline void compare(Worst &worst, const Cloud &got, const Cloud &want, double a,
-                    bool heights = true) {
+                    bool heights = true)
+{
     for (int i = 0; i < got.size(); ++i) {
         const double lam = want.points[2 * i], phi = want.points[2 * i + 1];
         double err = ground_distance(a, got.points[2 * i], got.points[2 * i + 1], lam, phi);
-        if (heights) err = std::hypot(err, got.heights[i] - want.heights[i]);
+        if (heights)
+            err = std::hypot(err, got.heights[i] - want.heights[i]);
         worst.add(err, lam, phi);
     }
 }
@@ -121,12 +129,14 @@ inline void compare(Worst &worst, const Cloud &got, const Cloud &want, double a,
 #ifdef GX_HAVE_PROJ
 // A PROJ operation on (radians, radians, metres).
 class Oracle {
-  public:
-    explicit Oracle(const std::string &definition) {
+public:
+    explicit Oracle(const std::string &definition)
+    {
         ctx_ = proj_context_create();
         pj_ = proj_create(ctx_, definition.c_str());
     }
-    ~Oracle() {
+    ~Oracle()
+    {
         proj_destroy(pj_);
         proj_context_destroy(ctx_);
     }
@@ -135,19 +145,21 @@ class Oracle {
     bool ok() const { return pj_ != nullptr; }
 
     // The cloud through the operation; the heights are 0 in and dropped out when absent.
-    Cloud run(Cloud c, PJ_DIRECTION direction, bool with_heights = true) const {
+    Cloud run(Cloud c, PJ_DIRECTION direction, bool with_heights = true) const
+    {
         for (int i = 0; i < c.size(); ++i) {
             const double h = with_heights ? c.heights[i] : 0.0;
-            const PJ_COORD r = proj_trans(pj_, direction,
-                                          proj_coord(c.points[2 * i], c.points[2 * i + 1], h, 0));
+            const PJ_COORD r =
+                proj_trans(pj_, direction, proj_coord(c.points[2 * i], c.points[2 * i + 1], h, 0));
             c.points[2 * i] = r.lpz.lam;
             c.points[2 * i + 1] = r.lpz.phi;
-            if (with_heights) c.heights[i] = r.lpz.z;
+            if (with_heights)
+                c.heights[i] = r.lpz.z;
         }
         return c;
     }
 
-  private:
+private:
     PJ_CONTEXT *ctx_ = nullptr;
     PJ *pj_ = nullptr;
 };

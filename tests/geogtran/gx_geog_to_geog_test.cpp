@@ -35,8 +35,7 @@ struct recorded_call {
 recorded_call recorded;
 
 int record(const double e1[2], const double e2[2], const double parms[16], const char *dataset,
-           int n, double *points, double *heights, const int *, const float *,
-           const double *dvals)
+           int n, double *points, double *heights, const int *, const float *, const double *dvals)
 {
     recorded_call &r = recorded;
     ++r.calls;
@@ -74,15 +73,24 @@ gx_geogcs *wgs84()
 // Coordinate frame from NTF (grads, Paris) to WGS 84 (degrees, Greenwich), and back.
 TEST(GeogToGeog, ReproducesTheMethodRunByHandWithUnitsAndPrimeMeridian)
 {
-    gx_geogtran *gt = make_geogtran(
-        ntf_paris_grads(), wgs84(), gx_method_new("Coordinate_Frame", nullptr, nullptr),
-        {{"X_Axis_Translation", -168.0}, {"Y_Axis_Translation", -60.0},
-         {"Z_Axis_Translation", 320.0}, {"X_Axis_Rotation", 0.4}, {"Y_Axis_Rotation", -0.3},
-         {"Z_Axis_Rotation", 0.8}, {"Scale_Difference", 1.5}});
+    gx_geogtran *gt = make_geogtran(ntf_paris_grads(), wgs84(),
+                                    gx_method_new("Coordinate_Frame", nullptr, nullptr),
+                                    {{"X_Axis_Translation", -168.0},
+                                     {"Y_Axis_Translation", -60.0},
+                                     {"Z_Axis_Translation", 320.0},
+                                     {"X_Axis_Rotation", 0.4},
+                                     {"Y_Axis_Rotation", -0.3},
+                                     {"Z_Axis_Rotation", 0.8},
+                                     {"Scale_Difference", 1.5}});
     const double e_ntf[2] = {clarke_a, (2 - clarke_f) * clarke_f};
     const double e_wgs[2] = {wgs84_a, (2 - wgs84_f) * wgs84_f};
-    double parms[16] = {-168.0, -60.0, 320.0, 0.4 * 4.84813681109536e-6,
-                        -0.3 * 4.84813681109536e-6, 0.8 * 4.84813681109536e-6, 1.5e-6};
+    double parms[16] = {-168.0,
+                        -60.0,
+                        320.0,
+                        0.4 * 4.84813681109536e-6,
+                        -0.3 * 4.84813681109536e-6,
+                        0.8 * 4.84813681109536e-6,
+                        1.5e-6};
 
     const std::vector<double> start = {0.5, 52.0, -5.25, 46.5, 9.75, 48.0};
     std::vector<double> points = start, heights = {10.0, 200.0, 3000.0};
@@ -122,10 +130,12 @@ TEST(GeogToGeog, ReproducesTheMethodRunByHandWithUnitsAndPrimeMeridian)
 TEST(GeogToGeog, ParametersReachTheMethodInRadiansAndRatios)
 {
     recorded = {};
-    gx_geogtran *gt = make_geogtran(
-        ntf_paris_grads(), wgs84(), gx_method_new("Recorder", record, record),
-        {{"X_Axis_Translation", 1.0}, {"Z_Axis_Rotation", 1.0}, {"Scale_Difference", 1.0},
-         {"Z_Coordinate_of_Rotation_Origin", 7.0}});
+    gx_geogtran *gt =
+        make_geogtran(ntf_paris_grads(), wgs84(), gx_method_new("Recorder", record, record),
+                      {{"X_Axis_Translation", 1.0},
+                       {"Z_Axis_Rotation", 1.0},
+                       {"Scale_Difference", 1.0},
+                       {"Z_Coordinate_of_Rotation_Origin", 7.0}});
     double point[2] = {10.0, 50.0}, height[1] = {};
     EXPECT_EQ(gx_geog_to_geog(gt, 1, point, height, 0), 1);
     EXPECT_EQ(recorded.heights, height);
@@ -171,8 +181,8 @@ TEST(GeogToGeog, GridMethodsGetTheirNodesAndNoMeridianShift)
 {
     recorded = {};
     gx_method *grid = gx_method_new_extended("NTv2", record, record, load_one_node, nullptr);
-    gx_geogtran *gt = make_geogtran(ntf_paris_grads(), ntf_paris_grads(), grid,
-                                    {{"Dataset_ntf_r93", 0.0}});
+    gx_geogtran *gt =
+        make_geogtran(ntf_paris_grads(), ntf_paris_grads(), grid, {{"Dataset_ntf_r93", 0.0}});
     double point[2] = {10.0, 50.0};
     EXPECT_EQ(gx_geog_to_geog(gt, 1, point, nullptr, 1), 1);
     EXPECT_EQ(recorded.dataset, "Dataset_ntf_r93");
@@ -195,13 +205,12 @@ TEST(GeogToGeog, RefusalsLeaveThePointsUntouched)
                       gx_method_new("Longitude_Rotation", nullptr, nullptr), {}),
         // A grid that loads without a dataset name, and one that does not load.
         make_geogtran(wgs84(), wgs84(),
-                      gx_method_new_extended("NADCON", record, record, load_one_node, nullptr),
-                      {}),
+                      gx_method_new_extended("NADCON", record, record, load_one_node, nullptr), {}),
         make_geogtran(wgs84(), wgs84(), gx_method_new("HARN", record, record),
                       {{"Dataset_hpgn", 0.0}}),
         // A method without routines.
-        make_geogtran(wgs84(), wgs84(), gx_method_new_extended("NTv2", nullptr, nullptr, nullptr,
-                                                               nullptr),
+        make_geogtran(wgs84(), wgs84(),
+                      gx_method_new_extended("NTv2", nullptr, nullptr, nullptr, nullptr),
                       {{"Dataset_ntv2_0", 0.0}}),
         nullptr,
     };

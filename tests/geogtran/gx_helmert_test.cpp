@@ -15,12 +15,14 @@ struct Helmert7 {
     double tx, ty, tz, rx, ry, rz, ds;
     double px = 0.0, py = 0.0, pz = 0.0;
 
-    std::array<double, 16> parms() const {
+    std::array<double, 16> parms() const
+    {
         return {tx, ty, tz, rx * kArcSec, ry * kArcSec, rz * kArcSec, ds * 1e-6, px, py, pz};
     }
     // PROJ's helmert step (molobadekas about an origin); a null convention gives the pure
     // translation.
-    std::string proj(const char *convention) const {
+    std::string proj(const char *convention) const
+    {
         const bool about_origin = px != 0.0 || py != 0.0 || pz != 0.0;
         char buf[400];
         int len = std::snprintf(buf, sizeof buf, " +step +proj=%s +x=%.17g +y=%.17g +z=%.17g",
@@ -34,7 +36,8 @@ struct Helmert7 {
                           pz);
         return buf;
     }
-    Helmert7 negated_rotations() const {
+    Helmert7 negated_rotations() const
+    {
         Helmert7 h = *this;
         h.rx = -rx, h.ry = -ry, h.rz = -rz;
         return h;
@@ -52,9 +55,17 @@ const Helmert7 kED50Norway{
 const Helmert7 kED50NorthSea{"ED50 to WGS 84 (18), 1311", -89.5, -93.8, -123.1, 0, 0, -0.156, 1.2};
 // Published with its rotations in microradians.
 constexpr double kMicroradian = 1e-6 / kArcSec; // in arc-seconds
-const Helmert7 kAmersfoort{"Amersfoort to ETRS89 (2), 1066", 593.032, 26.0, 478.741,
-                           1.9848 * kMicroradian, -1.7439 * kMicroradian, 9.0587 * kMicroradian,
-                           4.0772, 3903453.148, 368135.313, 5012970.306};
+const Helmert7 kAmersfoort{"Amersfoort to ETRS89 (2), 1066",
+                           593.032,
+                           26.0,
+                           478.741,
+                           1.9848 * kMicroradian,
+                           -1.7439 * kMicroradian,
+                           9.0587 * kMicroradian,
+                           4.0772,
+                           3903453.148,
+                           368135.313,
+                           5012970.306};
 // Rotations of degrees, far beyond any datum shift: the exact matrix must still hold.
 const Helmert7 kLarge{
     "rotations of 2, -3 and 5 degrees", 1200.0, -800.0, 450.0, 7200.0, -10800.0, 18000.0, 25.0};
@@ -70,7 +81,8 @@ struct Case {
 };
 
 // Forward and inverse against PROJ, heights given and absent.
-void check_against_proj(const Case &c) {
+void check_against_proj(const Case &c)
+{
 #ifdef GX_HAVE_PROJ
     const Helmert7 &proj_set = c.proj_set ? *c.proj_set : c.set;
     const Oracle proj("+proj=pipeline +step +proj=cart" + c.e1.proj() +
@@ -94,7 +106,8 @@ void check_against_proj(const Case &c) {
 #endif
 }
 
-TEST(GeocentricTranslation, MatchesProjOverEuropeJapanAndNorthAmerica) {
+TEST(GeocentricTranslation, MatchesProjOverEuropeJapanAndNorthAmerica)
+{
     GX_REQUIRE_PROJ();
     for (const auto &[set, e1, area] :
          {std::tuple{kED50Europe, kIntl, kEurope}, std::tuple{kTokyo, kBessel, kJapan},
@@ -103,7 +116,8 @@ TEST(GeocentricTranslation, MatchesProjOverEuropeJapanAndNorthAmerica) {
                             nullptr, e1, kWGS84, area, kSameFormulaTol});
 }
 
-TEST(CoordinateFrame, MatchesProjExactHelmert) {
+TEST(CoordinateFrame, MatchesProjExactHelmert)
+{
     GX_REQUIRE_PROJ();
     check_against_proj({gx_coordinate_frame_fwd, gx_coordinate_frame_inv, kED50Frame,
                         "coordinate_frame", kIntl, kWGS84, kEurope, kSameFormulaTol});
@@ -113,7 +127,8 @@ TEST(CoordinateFrame, MatchesProjExactHelmert) {
 
 // PROJ transposes the frame matrix where these routines negate the angles; the two rotation
 // orders differ at second order in the angles, well under a millimetre for datum shifts.
-TEST(PositionVector, MatchesProjExactHelmert) {
+TEST(PositionVector, MatchesProjExactHelmert)
+{
     GX_REQUIRE_PROJ();
     for (const Helmert7 &set : {kED50Norway, kED50NorthSea}) {
         check_against_proj({gx_position_vector_fwd, gx_position_vector_inv, set, "position_vector",
@@ -126,7 +141,8 @@ TEST(PositionVector, MatchesProjExactHelmert) {
 
 // PROJ's own Molodensky-Badekas operation, molobadekas +exact; its helmert (9.1) accepts
 // +px +py +pz but ignores them.
-TEST(MolodenskyBadekas, MatchesProjHelmertAboutAnOrigin) {
+TEST(MolodenskyBadekas, MatchesProjHelmertAboutAnOrigin)
+{
     GX_REQUIRE_PROJ();
     check_against_proj({gx_molodensky_badekas_fwd, gx_molodensky_badekas_inv, kAmersfoort,
                         "coordinate_frame", kBessel, kGRS80, kNetherlands, kSameFormulaTol});
@@ -137,7 +153,8 @@ TEST(MolodenskyBadekas, MatchesProjHelmertAboutAnOrigin) {
 // 1e-9 m beyond one unit in the last place of the angles (2.8e-9 m in longitude near 180
 // degrees), which the geocentric conversions alone already use up: with all parameters zero
 // the round trip is off by 1.4e-9 m horizontally.
-TEST(CoordinateFrame, InverseUndoesForwardForLargeRotations) {
+TEST(CoordinateFrame, InverseUndoesForwardForLargeRotations)
+{
     const auto ulp_metres = [](double x) {
         return 6378388.0 * (std::nextafter(std::fabs(x), 4.0) - std::fabs(x));
     };
@@ -161,7 +178,8 @@ TEST(CoordinateFrame, InverseUndoesForwardForLargeRotations) {
     }
 }
 
-TEST(SevenParameters, SignConventionsAndOriginAgree) {
+TEST(SevenParameters, SignConventionsAndOriginAgree)
+{
     const Cloud start = cloud(kEurope, 12, 10);
     const auto same = [](const Cloud &u, const Cloud &v) {
         return u.points == v.points && u.heights == v.heights;

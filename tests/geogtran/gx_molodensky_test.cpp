@@ -25,7 +25,8 @@ double flattening(const Ellipsoid &e) { return e.e2() / (1.0 + std::sqrt(1.0 - e
 #ifdef GX_HAVE_PROJ
 // PROJ's molodensky from e1 to e2 with the translation t scaled by sign.
 std::string proj_molodensky(const Ellipsoid &e1, const Ellipsoid &e2, const Translation &t,
-                            double sign, bool abridged) {
+                            double sign, bool abridged)
+{
     char buf[300];
     std::snprintf(buf, sizeof buf,
                   "+proj=molodensky%s +dx=%.17g +dy=%.17g +dz=%.17g +da=%.17g +df=%.17g",
@@ -41,29 +42,30 @@ struct Form {
     bool abridged;
 };
 
-const Form kForms[] = {{"Molodensky", gx_molodensky_fwd, gx_molodensky_inv, false},
-                       {"abridged Molodensky", gx_molodensky_abridged_fwd,
-                        gx_molodensky_abridged_inv, true}};
+const Form kForms[] = {
+    {"Molodensky", gx_molodensky_fwd, gx_molodensky_inv, false},
+    {"abridged Molodensky", gx_molodensky_abridged_fwd, gx_molodensky_abridged_inv, true}};
 
 // Forward against PROJ's forward; the inverse against PROJ's forward from the second ellipsoid
 // with the translations negated (the same one-step formula), and against PROJ's inverse, which
 // evaluates the forward shift at the shifted point and subtracts it: the two one-step inverses
 // differ by the change of the shift over the ellipsoids, up to 5 cm for Tokyo (da = 739 m).
-TEST(Molodensky, MatchesProjOverEuropeJapanAndNorthAmerica) {
+TEST(Molodensky, MatchesProjOverEuropeJapanAndNorthAmerica)
+{
     GX_REQUIRE_PROJ();
 #ifdef GX_HAVE_PROJ
     for (const Form &form : kForms)
-        for (const auto &[t, e1, area] : {std::tuple{kED50, kIntl, kEurope},
-                                          std::tuple{kTokyo, kBessel, kJapan},
-                                          std::tuple{kNAD27, kClarke66, kNorthAmerica}}) {
+        for (const auto &[t, e1, area] :
+             {std::tuple{kED50, kIntl, kEurope}, std::tuple{kTokyo, kBessel, kJapan},
+              std::tuple{kNAD27, kClarke66, kNorthAmerica}}) {
             const Oracle there(proj_molodensky(e1, kWGS84, t, 1.0, form.abridged));
             const Oracle back(proj_molodensky(kWGS84, e1, t, -1.0, form.abridged));
             ASSERT_TRUE(there.ok() && back.ok());
             const auto parms = t.parms();
             const Cloud start = cloud(area);
             for (bool heights : {true, false}) {
-                const std::string tag = std::string(form.name) + ", " + t.name +
-                                        (heights ? "" : ", no heights");
+                const std::string tag =
+                    std::string(form.name) + ", " + t.name + (heights ? "" : ", no heights");
                 Worst fwd{tag + ", forward"}, inv{tag + ", inverse"},
                     proj_inv{tag + ", inverse against PROJ's inverse"};
                 const Cloud want = there.run(start, PJ_FWD, heights);
@@ -82,7 +84,8 @@ TEST(Molodensky, MatchesProjOverEuropeJapanAndNorthAmerica) {
 
 // At a pole every longitude names the same point: the longitude is kept, not divided by
 // cos(phi) = 6e-17.  A shift across the pole stops at the pole.
-TEST(Molodensky, PolesKeepTheLongitudeAndHoldTheLatitude) {
+TEST(Molodensky, PolesKeepTheLongitudeAndHoldTheLatitude)
+{
     const auto parms = kNAD27.parms();
     for (const Form &form : kForms) {
         for (gx_mth_rtn method : {form.fwd, form.inv}) {
@@ -107,7 +110,8 @@ TEST(Molodensky, PolesKeepTheLongitudeAndHoldTheLatitude) {
 // All parameters zero on one ellipsoid: every geodetic method gives the point back.  The
 // Molodensky forms and the longitude rotation add exact zeros; the geocentric ones go through
 // cartesian coordinates and back, within 1e-9 m.
-TEST(DatumShift, ZeroParametersOnOneEllipsoidReturnTheInput) {
+TEST(DatumShift, ZeroParametersOnOneEllipsoidReturnTheInput)
+{
     const std::array<double, 16> zero = {};
     const Cloud start = cloud(kGlobe, 40, 30);
     const gx_mth_rtn exact[] = {gx_molodensky_fwd,          gx_molodensky_inv,
@@ -118,11 +122,16 @@ TEST(DatumShift, ZeroParametersOnOneEllipsoidReturnTheInput) {
         EXPECT_EQ(got.points, start.points);
         EXPECT_EQ(got.heights, start.heights);
     }
-    const gx_mth_rtn geocentric[] = {
-        gx_geocentric_translation_fwd, gx_geocentric_translation_inv, gx_coordinate_frame_fwd,
-        gx_coordinate_frame_inv,       gx_bursa_wolf_fwd,             gx_bursa_wolf_inv,
-        gx_position_vector_fwd,        gx_position_vector_inv,        gx_molodensky_badekas_fwd,
-        gx_molodensky_badekas_inv};
+    const gx_mth_rtn geocentric[] = {gx_geocentric_translation_fwd,
+                                     gx_geocentric_translation_inv,
+                                     gx_coordinate_frame_fwd,
+                                     gx_coordinate_frame_inv,
+                                     gx_bursa_wolf_fwd,
+                                     gx_bursa_wolf_inv,
+                                     gx_position_vector_fwd,
+                                     gx_position_vector_inv,
+                                     gx_molodensky_badekas_fwd,
+                                     gx_molodensky_badekas_inv};
     Worst worst{"zero parameters, geocentric methods"};
     for (gx_mth_rtn method : geocentric)
         compare(worst, run(method, kIntl, kIntl, zero.data(), start), start, kIntl.a);

@@ -10,7 +10,8 @@
 namespace {
 
 // Plane points over a 100 km square around a false origin.
-std::vector<double> plane_points() {
+std::vector<double> plane_points()
+{
     std::vector<double> xy;
     for (int i = 0; i <= 20; ++i)
         for (int j = 0; j <= 20; ++j) {
@@ -20,9 +21,11 @@ std::vector<double> plane_points() {
     return xy;
 }
 
-double worst_difference(const std::vector<double> &u, const std::vector<double> &v) {
+double worst_difference(const std::vector<double> &u, const std::vector<double> &v)
+{
     double worst = 0.0;
-    for (size_t i = 0; i < u.size(); ++i) worst = std::max(worst, std::fabs(u[i] - v[i]));
+    for (size_t i = 0; i < u.size(); ++i)
+        worst = std::max(worst, std::fabs(u[i] - v[i]));
     return worst;
 }
 
@@ -35,10 +38,11 @@ const Fit kProjective{gx_projective_parametric_fwd, gx_projective_parametric_inv
 
 // A similarity with a shear (scale 1.0001, 0.5 degrees), and a mild perspective on top of it.
 const double kAffineParms[] = {1.00009, -0.0087, -12000.0, 0.0088, 1.00011, 3500.0};
-const double kProjectiveParms[] = {1.00009, -0.0087, -12000.0, 0.0088, 1.00011, 3500.0,
-                                   2e-9, -3e-9};
+const double kProjectiveParms[] = {1.00009, -0.0087, -12000.0, 0.0088,
+                                   1.00011, 3500.0,  2e-9,     -3e-9};
 
-TEST(PlaneFit, ForwardValues) {
+TEST(PlaneFit, ForwardValues)
+{
     const double affine[] = {2.0, 3.0, 5.0, -1.0, 4.0, 7.0};
     std::vector<double> p = {10.0, 20.0, -1.0, 0.5};
     EXPECT_EQ(gx_affine_parametric_fwd(nullptr, affine, 2, p.data()), 2);
@@ -58,9 +62,10 @@ TEST(PlaneFit, ForwardValues) {
 
 // Forward then inverse returns the start (a micrometre on coordinates of 5e6 m would show a
 // wrong cofactor at once; rounding is 1e-9 m).
-TEST(PlaneFit, InverseUndoesForward) {
-    for (auto [fit, parms] : {std::pair{kAffine, kAffineParms},
-                              std::pair{kProjective, kProjectiveParms}}) {
+TEST(PlaneFit, InverseUndoesForward)
+{
+    for (auto [fit, parms] :
+         {std::pair{kAffine, kAffineParms}, std::pair{kProjective, kProjectiveParms}}) {
         const std::vector<double> start = plane_points();
         std::vector<double> p = start;
         const int n = static_cast<int>(p.size() / 2);
@@ -73,7 +78,8 @@ TEST(PlaneFit, InverseUndoesForward) {
 
 // A fit that cannot be inverted (A E = B D; for the projective fit a singular matrix, or a NaN
 // coefficient) leaves the points alone and reports none; its forward still works.
-TEST(PlaneFit, SingularFitsHaveNoInverse) {
+TEST(PlaneFit, SingularFitsHaveNoInverse)
+{
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double affine_singular[] = {2.0, 4.0, 1.0, 1.0, 2.0, 3.0};
     const double affine_nan[] = {1.0, 0.0, 0.0, 0.0, nan, 0.0};

@@ -56,8 +56,8 @@ gx_projcs *mercator_on(gx_geogcs *geogcs, double central_meridian)
                                            {"False_Easting", 500000.0},
                                            {"False_Northing", 100000.0}};
     return gx_projcs_new("Mercator", geogcs,
-                         gx_projection_new("Mercator", nullptr, nullptr, nullptr),
-                         parameters.slots, gx_unit_new("Meter", 1.0));
+                         gx_projection_new("Mercator", nullptr, nullptr, nullptr), parameters.slots,
+                         gx_unit_new("Meter", 1.0));
 }
 
 } // namespace
@@ -66,15 +66,16 @@ gx_projcs *mercator_on(gx_geogcs *geogcs, double central_meridian)
 // forward.
 TEST(Translist, ProjectionDatumProjectionChainEqualsTheStepsByHand)
 {
-    gx_projcs *from = mercator_on(
-        make_geogcs_on("D_North_American_1927", 6378206.4, 1 / 294.9786982, "Greenwich", 0.0,
-                       "Degree", degree),
-        -100.0);
+    gx_projcs *from =
+        mercator_on(make_geogcs_on("D_North_American_1927", 6378206.4, 1 / 294.9786982, "Greenwich",
+                                   0.0, "Degree", degree),
+                    -100.0);
     gx_projcs *to = mercator_on(make_geogcs(), -95.0);
-    gx_geogtran *shift = make_geogtran(
-        gx_geogcs_clone(gx_projcs_geogcs(from)), make_geogcs(),
-        gx_method_new("Geocentric_Translation", nullptr, nullptr),
-        {{"X_Axis_Translation", -8.0}, {"Y_Axis_Translation", 160.0}, {"Z_Axis_Translation", 176.0}});
+    gx_geogtran *shift = make_geogtran(gx_geogcs_clone(gx_projcs_geogcs(from)), make_geogcs(),
+                                       gx_method_new("Geocentric_Translation", nullptr, nullptr),
+                                       {{"X_Axis_Translation", -8.0},
+                                        {"Y_Axis_Translation", 160.0},
+                                        {"Z_Axis_Translation", 176.0}});
 
     gx_translist *list = gx_translist_new();
     ASSERT_EQ(gx_translist_add_transformation(list, from, 0, 0), 0);

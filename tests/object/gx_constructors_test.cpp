@@ -26,9 +26,9 @@ struct parts {
     gx_method *method = gx_method_new("Geocentric_Translation", nullptr, nullptr);
     gx_vtmethod *egm96 = gx_vtmethod_new("EGM96", nullptr, nullptr);
     gx_vtmethod *offset = gx_vtmethod_new("Vertical_Offset", nullptr, nullptr);
-    gx_vtmethod *needs_projected = gx_vtmethod_new_extended(
-        "Local", gx_vtm_vertical_offset_fwd, gx_vtm_vertical_offset_inv, nullptr, GX_TYPE_PROJCS,
-        nullptr);
+    gx_vtmethod *needs_projected =
+        gx_vtmethod_new_extended("Local", gx_vtm_vertical_offset_fwd, gx_vtm_vertical_offset_inv,
+                                 nullptr, GX_TYPE_PROJCS, nullptr);
     gx_htmethod *htmethod = gx_htmethod_new("Affine_Parametric", nullptr, nullptr);
     gx_array *array = gx_array_new("A", 1, &one);
     gx_parameter *parameters[16] = {gx_parameter_new("X_Axis_Translation", 1.0)};
@@ -42,7 +42,11 @@ struct parts {
     }
 };
 
-#define MAKE(call) [](parts &p, gx_err_rec *e) -> void * { (void)p; return (void *)(call); }
+#define MAKE(call)                                                                                 \
+    [](parts &p, gx_err_rec *e) -> void * {                                                        \
+        (void)p;                                                                                   \
+        return (void *)(call);                                                                     \
+    }
 
 } // namespace
 
@@ -93,18 +97,18 @@ TEST(Constructors, EveryArgumentError)
          "Null or invalid angular unit object argument"},
         {MAKE(gx_vdatum_new_errext(nullptr, e)), 321, "gx_vdatum_new",
          "Null or invalid vdatum name argument"},
-        {MAKE(gx_vertcs_new_errext("v", p.geogcs, p.parameters, p.unit, e)), 337,
-         "gx_vertcs_new", "Null or invalid hvdatum object argument"},
-        {MAKE(gx_vertcs_new_errext("v", p.datum, p.parameters, nullptr, e)), 323,
-         "gx_vertcs_new", "Null or invalid linear unit object argument"},
+        {MAKE(gx_vertcs_new_errext("v", p.geogcs, p.parameters, p.unit, e)), 337, "gx_vertcs_new",
+         "Null or invalid hvdatum object argument"},
+        {MAKE(gx_vertcs_new_errext("v", p.datum, p.parameters, nullptr, e)), 323, "gx_vertcs_new",
+         "Null or invalid linear unit object argument"},
         {MAKE(gx_hvcoordsys_new_errext(p.vertcs, nullptr, e)), 339, "gx_hvcoordsys_new",
          "Null or invalid coordsys and vertcs object arguments"},
         {MAKE(gx_hvcoordsys_new_extended_errext("h", p.geogcs, (gx_vertcs *)p.geogcs, e)), 339,
          "gx_hvcoordsys_new", "Null or invalid coordsys and vertcs object arguments"},
         {MAKE(gx_geogtran_new_errext("t", nullptr, p.geogcs, p.method, p.parameters, e)), 332,
          "gx_geogtran_new", "Null or invalid geogcs1 object argument"},
-        {MAKE(gx_geogtran_new_errext("t", p.geogcs, (gx_geogcs *)p.projcs, p.method,
-                                     p.parameters, e)),
+        {MAKE(gx_geogtran_new_errext("t", p.geogcs, (gx_geogcs *)p.projcs, p.method, p.parameters,
+                                     e)),
          333, "gx_geogtran_new", "Null or invalid geogcs2 object argument"},
         {MAKE(gx_geogtran_new_errext("t", p.geogcs, p.geogcs, (gx_method *)p.egm96, p.parameters,
                                      e)),
@@ -117,12 +121,11 @@ TEST(Constructors, EveryArgumentError)
          342, "gx_verttran_new", "Null or invalid vertcs2 object argument"},
         {MAKE(gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, nullptr, p.parameters, e)),
          343, "gx_verttran_new", "Null or invalid vtmethod object argument"},
-        {MAKE(gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, p.offset, nullptr, e)),
-         330, "gx_verttran_new", "Null parameters array argument"},
+        {MAKE(gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, p.offset, nullptr, e)), 330,
+         "gx_verttran_new", "Null parameters array argument"},
         // A geoid grid is read at longitude and latitude: it needs a geographic system, and a
         // method of a projected system needs a projected one.
-        {MAKE(gx_verttran_new_errext("v", p.projcs, p.vertcs, p.vertcs, p.egm96, p.parameters,
-                                     e)),
+        {MAKE(gx_verttran_new_errext("v", p.projcs, p.vertcs, p.vertcs, p.egm96, p.parameters, e)),
          312, "gx_verttran_new", "Invalid coordsys type for vtmethod"},
         {MAKE(gx_verttran_new_errext("v", nullptr, p.vertcs, p.vertcs, p.egm96, p.parameters, e)),
          312, "gx_verttran_new", "Invalid coordsys type for vtmethod"},
@@ -140,8 +143,8 @@ TEST(Constructors, EveryArgumentError)
         // A name no registry row has needs its routines.
         {MAKE(gx_projection_new_errext("Unknown", gx_prj_null_fwd, nullptr, nullptr, e)), 340,
          "gx_projection_new", "Null forward or inverse function argument"},
-        {MAKE(gx_method_new_errext("Nonsense", gx_mth_null_fwd, nullptr, e)), 340,
-         "gx_method_new", "Null forward or inverse function argument"},
+        {MAKE(gx_method_new_errext("Nonsense", gx_mth_null_fwd, nullptr, e)), 340, "gx_method_new",
+         "Null forward or inverse function argument"},
         {MAKE(gx_htmethod_new_errext("Nonsense", nullptr, nullptr, e)), 340, nullptr,
          "Null forward or inverse function arument"},
         {MAKE(gx_vtmethod_new_extended("Nonsense", nullptr, nullptr, nullptr, 0, e)), 340, nullptr,

@@ -19,8 +19,8 @@ TEST(Coordsys, ComparisonRules)
     // making them differ; names compare loosely; the scale factor's two spellings are equal.
     gx_projcs *a = make_projcs({{"False_Easting", 500000.0}, {"Scale_Factor", 0.999601272}});
     gx_projcs *b = make_projcs({{"False_Easting", 500000.0}, {"Scale_Factor", 0.9996012717}});
-    gx_projcs *c = make_projcs({{"False_Easting", 500000.0}, {"Scale_Factor", 0.999601272},
-                                {"False_Northing", 0.0}});
+    gx_projcs *c = make_projcs(
+        {{"False_Easting", 500000.0}, {"Scale_Factor", 0.999601272}, {"False_Northing", 0.0}});
     EXPECT_EQ(gx_projcs_eq(a, b), 1);
     EXPECT_EQ(gx_projcs_eq(a, c), 0);
     EXPECT_EQ(gx_projcs_eq(c, a), 0);

@@ -285,9 +285,9 @@ public:
 
     std::string next()
     {
-        static const char *const odd[] = {"",     "-",      ".5",   "5.",     "+1.5",   " 1.5",
-                                          "1e5",  "1.5E-3", "0x1p3", "inf",   "-nan",   "1.5x",
-                                          "1,5",  "--1",    "1..5", "-0",     "-0.0",   "1.5 "};
+        static const char *const odd[] = {"",    "-",      ".5",    "5.",  "+1.5", " 1.5",
+                                          "1e5", "1.5E-3", "0x1p3", "inf", "-nan", "1.5x",
+                                          "1,5", "--1",    "1..5",  "-0",  "-0.0", "1.5 "};
         if (pick(0, 9) == 0)
             return odd[pick(0, sizeof odd / sizeof *odd - 1)];
         std::string text;

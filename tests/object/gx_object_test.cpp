@@ -39,7 +39,7 @@ TEST(ObjectCore, GenericOperationsDispatchAndRejectInvalidObjects)
     EXPECT_EQ(gx_object_code(unit), -1);
 
     gx_object_status_set(unit, 0x1204);
-    EXPECT_EQ(gx_object_status(unit), 4u);  // the low byte only
+    EXPECT_EQ(gx_object_status(unit), 4u); // the low byte only
     EXPECT_EQ(gx_unit_status(unit), 0x1204u);
     gx_object_code_set(unit, 9001, nullptr, nullptr);
     EXPECT_EQ(gx_unit_code(unit), 9001);
@@ -62,7 +62,8 @@ TEST(ObjectCore, GenericOperationsDispatchAndRejectInvalidObjects)
     EXPECT_EQ(gx_object_code(copy), 9002);
     EXPECT_NE(gx_unit_authority(static_cast<gx_unit *>(copy)), auth); // deep copy
     char text[GX_TEXT_LEN];
-    EXPECT_STREQ(gx_object_to_string_ext(copy, 1, text), "UNIT[\"Meter\",1.0,AUTHORITY[\"EPSG\",9001]]");
+    EXPECT_STREQ(gx_object_to_string_ext(copy, 1, text),
+                 "UNIT[\"Meter\",1.0,AUTHORITY[\"EPSG\",9001]]");
     gx_object_del(copy);
 
     // Type mismatch and invalid objects give neutral results.

@@ -57,8 +57,8 @@ TEST(Tokenizer, SplitsIntoLeveledNormalizedTokens)
     tokens t("DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137.0,298.257223563]]");
     ASSERT_EQ(t.rc, 0);
     ASSERT_EQ(t.list->count, 6);
-    const char *texts[] = {"DATUM", "D_WGS_1984", "SPHEROID", "WGS_1984", "6378137.0",
-                           "298.257223563"};
+    const char *texts[] = {"DATUM",    "D_WGS_1984", "SPHEROID",
+                           "WGS_1984", "6378137.0",  "298.257223563"};
     const int levels[] = {0, 1, 1, 2, 2, 2};
     for (int i = 0; i < 6; ++i) {
         EXPECT_EQ(t.text(i), texts[i]);
@@ -95,11 +95,13 @@ TEST(Tokenizer, EveryErrorNumber)
         unsigned int level, number;
         const char *message;
     } cases[] = {
-        {"GEOGCS[\"g\"]", "UNIT", -1, 2, 466, "Object type keyword \"UNIT\" not found in WKT string"},
+        {"GEOGCS[\"g\"]", "UNIT", -1, 2, 466,
+         "Object type keyword \"UNIT\" not found in WKT string"},
         {"   \t ", nullptr, -1, 4, 457, "Empty WKT string"},
         {" 1UNIT[\"m\",1]", nullptr, -1, 2, 463, "WKT string must start with a letter"},
         {"UNIT[\"Meter\"x,1]", nullptr, -1, 2, 458, "Expecting ',' or ']' in WKT string"},
-        {"DATUM[\"d\",SPHEROID[\"s\",1,0]x]", nullptr, -1, 2, 458, "Expecting ',' or ']' in WKT string"},
+        {"DATUM[\"d\",SPHEROID[\"s\",1,0]x]", nullptr, -1, 2, 458,
+         "Expecting ',' or ']' in WKT string"},
         {"UNIT[\"m,1]", nullptr, -1, 2, 469, "Unbalanced quotes in WKT string"},
         {"UNIT[\"m\",1", nullptr, 0, 4, 464, "Missing 1 closing ] character in WKT string"},
         {"DATUM[\"d\",SPHEROID[\"s\",1,0", nullptr, 0, 4, 464,
@@ -253,7 +255,8 @@ TEST(NumberText, IndependentOfTheLocale)
         GTEST_SKIP() << "no locale with ',' as decimal point is installed";
     EXPECT_EQ(gx_atod("1.5"), 1.5);
     EXPECT_EQ(dtoa(298.257223563), "298.257223563");
-    EXPECT_EQ(unit_text("UNIT[\"Degree\",0.0174532925199433]"), "UNIT[\"Degree\",0.0174532925199433]");
+    EXPECT_EQ(unit_text("UNIT[\"Degree\",0.0174532925199433]"),
+              "UNIT[\"Degree\",0.0174532925199433]");
 
     // Round trip to 15 significant digits between 1e-9 and 1e16 (beyond, the exponent forms
     // keep fewer digits by design: six decimals above, 14 or 15 significant digits below).

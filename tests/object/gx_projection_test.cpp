@@ -15,9 +15,9 @@ int test_setup(gx_constants *, const double *, const double *) { return 1; }
 
 TEST(Projection, NewTakesItsRoutinesOrThoseOfTheRegistryRow)
 {
-    gx_projection *p = gx_projection_new_extended("Fuller", gx_prj_null_fwd, gx_prj_null_inv,
-                                                  nullptr, test_horizon, nullptr, test_horizon,
-                                                  test_setup);
+    gx_projection *p =
+        gx_projection_new_extended("Fuller", gx_prj_null_fwd, gx_prj_null_inv, nullptr,
+                                   test_horizon, nullptr, test_horizon, test_setup);
     ASSERT_NE(p, nullptr);
     EXPECT_EQ(gx_projection_forward(p), gx_prj_null_fwd);
     EXPECT_EQ(gx_projection_horizon(p), gx_horizon_null); // a null horizon becomes the null one
@@ -57,8 +57,8 @@ TEST(Projection, EqualityAndClone)
     gx_prj_rtn fwd = gx_projection_forward(a), inv = gx_projection_inverse(a);
     gx_projection *same = gx_projection_new("mercator", nullptr, nullptr, nullptr);
     gx_projection *other_horizon = gx_projection_new("Mercator", fwd, inv, test_horizon);
-    gx_projection *other_setup = gx_projection_new_extended(
-        "Mercator", fwd, inv, nullptr, nullptr, nullptr, nullptr, test_setup);
+    gx_projection *other_setup = gx_projection_new_extended("Mercator", fwd, inv, nullptr, nullptr,
+                                                            nullptr, nullptr, test_setup);
     gx_projection *other_name = gx_projection_new("Mercator_2", fwd, inv, nullptr);
     EXPECT_EQ(gx_projection_eq(a, same), 1);
     EXPECT_EQ(gx_projection_eq(a, other_setup), 1); // the setup is not compared

@@ -19,8 +19,8 @@ inline const std::string utm_parameters =
     "PARAMETER[\"False_Easting\",500000.0],PARAMETER[\"False_Northing\",0.0],"
     "PARAMETER[\"Central_Meridian\",15.0],PARAMETER[\"Scale_Factor\",0.9996],"
     "PARAMETER[\"Latitude_Of_Origin\",0.0]";
-inline const std::string projcs = "PROJCS[\"WGS_1984_UTM_Zone_33N\"," + geogcs + "," +
-                                  projection + "," + utm_parameters + ",UNIT[\"Meter\",1.0]]";
+inline const std::string projcs = "PROJCS[\"WGS_1984_UTM_Zone_33N\"," + geogcs + "," + projection +
+                                  "," + utm_parameters + ",UNIT[\"Meter\",1.0]]";
 inline const std::string vertcs =
     "VERTCS[\"NAVD_1988\",VDATUM[\"North_American_Vertical_Datum_1988\"],"
     "PARAMETER[\"Vertical_Shift\",0.0],PARAMETER[\"Direction\",1.0],UNIT[\"Meter\",1.0]]";
@@ -40,7 +40,8 @@ inline const std::string verttran =
     ",PARAMETER[\"Vertical_Shift\",0.0],PARAMETER[\"Direction\",1.0],UNIT[\"Meter\",1.0]]," +
     egm96_vertcs + ",VTMETHOD[\"EGM96\"],PARAMETER[\"Dataset_egm96\",0.0]]";
 inline const std::string offset_verttran = "VERTTRAN[\"NAVD_1988_To_Local\"," + vertcs + "," +
-                                           egm96_vertcs + ",VTMETHOD[\"Vertical_Offset\"],"
+                                           egm96_vertcs +
+                                           ",VTMETHOD[\"Vertical_Offset\"],"
                                            "PARAMETER[\"Vertical_Offset\",1.5]]";
 inline const std::string adjhcs = "ADJHCS[\"Site_Grid\"," + projcs +
                                   ",HTMETHOD[\"Affine_Parametric\"],ARRAY[\"Coefficients\",6,"
@@ -75,11 +76,9 @@ inline gx_geogcs *make_geogcs_on(const char *datum, double axis, double flatteni
 
 inline gx_geogcs *make_geogcs(const char *name = "GCS_WGS_1984")
 {
-    return gx_geogcs_new(name,
-                         gx_datum_new("D_WGS_1984",
-                                      gx_spheroid_new("WGS_1984", 6378137.0, 1 / 298.257223563)),
-                         gx_primem_new("Greenwich", 0.0),
-                         gx_unit_new("Degree", 0.017453292519943295));
+    return gx_geogcs_new(
+        name, gx_datum_new("D_WGS_1984", gx_spheroid_new("WGS_1984", 6378137.0, 1 / 298.257223563)),
+        gx_primem_new("Greenwich", 0.0), gx_unit_new("Degree", 0.017453292519943295));
 }
 
 // A Transverse Mercator system in metres with the given parameters.
@@ -99,7 +98,7 @@ inline gx_vertcs *make_vertcs(gx_hvdatum *hvdatum, const char *unit = "Meter",
 }
 
 inline gx_vertcs *make_vertcs_in(const char *unit, double unit_factor, double shift,
-                                  double direction)
+                                 double direction)
 {
     return make_vertcs(gx_vdatum_new("VD"), unit, unit_factor, shift, direction);
 }

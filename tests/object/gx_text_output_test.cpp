@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int filled_lengths[] = {0, 1, 2, 500, 990, 1000, 1010, 1015, 1018, 1019, 1020,
-                                  1021, 1022, 1023};
+constexpr int filled_lengths[] = {0,    1,    2,    500,  990,  1000, 1010,
+                                  1015, 1018, 1019, 1020, 1021, 1022, 1023};
 
 struct buffers {
     char actual[GX_TEXT_LEN];
@@ -36,8 +36,7 @@ struct buffers {
     {
         out.printf(format, args...);
         if (expected_length < GX_TEXT_LEN) {
-            gx_snprintf(expected + expected_length, GX_TEXT_LEN - expected_length, format,
-                        args...);
+            gx_snprintf(expected + expected_length, GX_TEXT_LEN - expected_length, format, args...);
             expected_length += static_cast<int>(std::strlen(expected + expected_length));
         }
     }

@@ -119,12 +119,12 @@ TEST(Transformations, ConstantsLifeCycle)
 
     // The vertical transformation shares the life cycle; deletion releases what is loaded.
     load_result = 1;
-    gx_verttran *vt = gx_verttran_new(
-        "v", make_geogcs(), make_vertcs_in("Meter", 1.0, 0.0, 1.0),
-        make_vertcs_in("Meter", 1.0, 0.0, 1.0),
-        gx_vtmethod_new_extended("EGM96", gx_vtm_vertical_offset_fwd, gx_vtm_vertical_offset_inv,
-                                 load_grid, GX_TYPE_GEOGCS, nullptr),
-        parameter_slots({{"Dataset_egm96", 0.0}}).slots);
+    gx_verttran *vt = gx_verttran_new("v", make_geogcs(), make_vertcs_in("Meter", 1.0, 0.0, 1.0),
+                                      make_vertcs_in("Meter", 1.0, 0.0, 1.0),
+                                      gx_vtmethod_new_extended("EGM96", gx_vtm_vertical_offset_fwd,
+                                                               gx_vtm_vertical_offset_inv,
+                                                               load_grid, GX_TYPE_GEOGCS, nullptr),
+                                      parameter_slots({{"Dataset_egm96", 0.0}}).slots);
     EXPECT_EQ(gx_verttran_load_constants(vt), 1);
     EXPECT_EQ(loaded_dataset, "Dataset_egm96");
     EXPECT_NE(gx_verttran_constants(vt), nullptr);

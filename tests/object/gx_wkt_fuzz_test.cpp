@@ -35,11 +35,23 @@ std::string mutate(const std::string &text, std::mt19937 &random)
     for (int e = 0; e < edits && !out.empty(); ++e) {
         const std::size_t at = random() % (out.size() + 1);
         switch (random() % 5) {
-        case 0: out.resize(at); break;                                      // truncate
-        case 1: out.insert(at, 1, inserts[random() % (sizeof inserts - 1)]); break;
-        case 2: if (at < out.size()) out.erase(at, 1); break;
-        case 3: if (at < out.size()) out.insert(at, 1, out[at]); break;     // double a character
-        default: out.insert(at, out.substr(at, random() % 40)); break;     // repeat a piece
+        case 0:
+            out.resize(at);
+            break; // truncate
+        case 1:
+            out.insert(at, 1, inserts[random() % (sizeof inserts - 1)]);
+            break;
+        case 2:
+            if (at < out.size())
+                out.erase(at, 1);
+            break;
+        case 3:
+            if (at < out.size())
+                out.insert(at, 1, out[at]);
+            break; // double a character
+        default:
+            out.insert(at, out.substr(at, random() % 40));
+            break; // repeat a piece
         }
     }
     return out;

@@ -346,8 +346,8 @@ TEST(Wkt, Warnings)
     {
         message_recorder recorder;
         gx_err_rec err;
-        gx_vertcs *cs = gx_vertcs_from_string_errext(
-            "VERTCS[\"v\",VDATUM[\"d\"],UNIT[\"Meter\",1.0]]", &err);
+        gx_vertcs *cs =
+            gx_vertcs_from_string_errext("VERTCS[\"v\",VDATUM[\"d\"],UNIT[\"Meter\",1.0]]", &err);
         ASSERT_NE(cs, nullptr);
         ASSERT_EQ(recorder.received.size(), 2u);
         EXPECT_EQ(recorder.received[0].number, 447u);
@@ -383,7 +383,8 @@ TEST(Wkt, Warnings)
         const char *method;
     } cases[] = {
         {geogtran("Molodensky", dx + dy), {453}, "Molodensky"},
-        {geogtran("Geocentric_Translation", dx + dy + dz + rotations), {454},
+        {geogtran("Geocentric_Translation", dx + dy + dz + rotations),
+         {454},
          "Geocentric_Translation"},
         {geogtran("Coordinate_Frame", dx + dy + dz), {453}, "Coordinate_Frame"},
         {geogtran("Bursa_Wolf", dx + dy + rotations + origin), {453, 454}, "Bursa_Wolf"},
@@ -522,10 +523,10 @@ TEST(Wkt, LongCompoundSystemLeavesOutWhatDoesNotFit)
     const std::string long_vertcs = "VERTCS[" + n + ",VDATUM[" + n + "]," +
                                     "PARAMETER[\"Vertical_Shift\",0.0]," +
                                     "PARAMETER[\"Direction\",1.0],UNIT[" + n + ",1.0]]";
-    gx_projcs *proj = gx_projcs_from_string(("PROJCS[" + n + "," + long_geogcs + "," +
-                                             samples::projection + "," + samples::utm_parameters +
-                                             ",UNIT[" + n + ",1.0]]")
-                                                .c_str());
+    gx_projcs *proj =
+        gx_projcs_from_string(("PROJCS[" + n + "," + long_geogcs + "," + samples::projection + "," +
+                               samples::utm_parameters + ",UNIT[" + n + ",1.0]]")
+                                  .c_str());
     gx_vertcs *vert = gx_vertcs_from_string(long_vertcs.c_str());
     ASSERT_NE(proj, nullptr);
     ASSERT_NE(vert, nullptr);

@@ -25,10 +25,12 @@ constexpr double kThreshold = 0.006884661117170036;
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // Test latitudes in degrees: a 0.01 degree grid over [-90, 90] and points closing in on the poles.
-const std::vector<double> &latitudes_deg() {
+const std::vector<double> &latitudes_deg()
+{
     static const std::vector<double> list = [] {
         std::vector<double> v;
-        for (int i = -9000; i <= 9000; ++i) v.push_back(i * 0.01);
+        for (int i = -9000; i <= 9000; ++i)
+            v.push_back(i * 0.01);
         for (int k = 1; k <= 12; ++k) {
             v.push_back(90 - std::pow(10.0, -k));
             v.push_back(-90 + std::pow(10.0, -k));
@@ -58,7 +60,8 @@ const Kind kKinds[] = {
      gx_mu_to_phi_wconst, gx_phi_to_mu, gx_mu_to_phi},
 };
 
-TEST(AuxLatitude, GuardsReturnTheInput) {
+TEST(AuxLatitude, GuardsReturnTheInput)
+{
     for (const Kind &k : kKinds) {
         for (double e2 : {kWgs84E2, 0.0069}) {
             double block[GX_BETA_BLOCK_LEN];
@@ -76,7 +79,8 @@ TEST(AuxLatitude, GuardsReturnTheInput) {
     }
 }
 
-TEST(AuxLatitude, BlockLayoutAndFlags) {
+TEST(AuxLatitude, BlockLayoutAndFlags)
+{
     // flags 0: every slot.  Below the threshold a flag computes only its series half; at or
     // above it only the closed-form slots.  Slots not asked for are left as they were.
     for (const Kind &k : kKinds) {
@@ -84,25 +88,30 @@ TEST(AuxLatitude, BlockLayoutAndFlags) {
             const bool series = e2 < kThreshold;
             std::vector<double> all(k.len + 1, kNaN);
             k.constants(e2, all.data(), 0);
-            for (int i = 0; i < k.len; ++i) EXPECT_FALSE(std::isnan(all[i])) << k.name << " slot " << i;
+            for (int i = 0; i < k.len; ++i)
+                EXPECT_FALSE(std::isnan(all[i])) << k.name << " slot " << i;
             EXPECT_TRUE(std::isnan(all[k.len])) << k.name << ": wrote past the block";
             for (int flags : {1, 2, 3}) {
                 std::vector<double> b(k.len + 1, kNaN);
                 k.constants(e2, b.data(), flags);
                 for (int i = 0; i <= k.len; ++i) {
-                    const bool want = i < k.len && (series ? ((i < 7 && (flags & 1)) || (i >= 7 && i < 14 && (flags & 2)))
-                                                           : i >= 14);
+                    const bool want =
+                        i < k.len &&
+                        (series ? ((i < 7 && (flags & 1)) || (i >= 7 && i < 14 && (flags & 2)))
+                                : i >= 14);
                     if (want)
                         EXPECT_EQ(b[i], all[i]) << k.name << " flags " << flags << " slot " << i;
                     else
-                        EXPECT_TRUE(std::isnan(b[i])) << k.name << " flags " << flags << " slot " << i;
+                        EXPECT_TRUE(std::isnan(b[i]))
+                            << k.name << " flags " << flags << " slot " << i;
                 }
             }
         }
     }
 }
 
-TEST(AuxLatitude, AgainstGeographicLib) {
+TEST(AuxLatitude, AgainstGeographicLib)
+{
 #ifndef GX_HAVE_GEOGRAPHICLIB
     GTEST_SKIP() << "GeographicLib not found at configure time: oracle comparison not built";
 #else
@@ -126,9 +135,11 @@ TEST(AuxLatitude, AgainstGeographicLib) {
                 const double lat = deg * kDeg;
                 const std::string at = fmt("lat = %.14g deg", deg);
                 const double fwd = k.fwd(ell.e2, lat, block.data());
-                ASSERT_LE(wf.add(std::fabs(fwd - (ref.*refs[kind].fwd)(deg) * kDeg), at), 1e-14) << k.name << " " << ell.name << " " << at;
+                ASSERT_LE(wf.add(std::fabs(fwd - (ref.*refs[kind].fwd)(deg)*kDeg), at), 1e-14)
+                    << k.name << " " << ell.name << " " << at;
                 const double inv = k.inv(ell.e2, lat, block.data());
-                ASSERT_LE(wi.add(std::fabs(inv - (ref.*refs[kind].inv)(deg) * kDeg), at), 1e-14) << k.name << " " << ell.name << " " << at;
+                ASSERT_LE(wi.add(std::fabs(inv - (ref.*refs[kind].inv)(deg)*kDeg), at), 1e-14)
+                    << k.name << " " << ell.name << " " << at;
                 // the one-off forms give the same numbers
                 ASSERT_EQ(k.fwd1(ell.e2, lat), fwd) << k.name << " " << at;
                 ASSERT_EQ(k.inv1(ell.e2, lat), inv) << k.name << " " << at;
@@ -138,7 +149,8 @@ TEST(AuxLatitude, AgainstGeographicLib) {
 #endif
 }
 
-TEST(AuxLatitude, RoundTrips) {
+TEST(AuxLatitude, RoundTrips)
+{
     for (const Kind &k : kKinds) {
         for (const auto &ell : test_ellipsoids()) {
             std::vector<double> block(k.len);
@@ -147,13 +159,15 @@ TEST(AuxLatitude, RoundTrips) {
             for (double deg : latitudes_deg()) {
                 const double lat = deg * kDeg;
                 const double back = k.inv(ell.e2, k.fwd(ell.e2, lat, block.data()), block.data());
-                ASSERT_LE(w.add(std::fabs(back - lat), fmt("lat = %.14g deg", deg)), 1e-14) << k.name << " " << ell.name << " " << deg;
+                ASSERT_LE(w.add(std::fabs(back - lat), fmt("lat = %.14g deg", deg)), 1e-14)
+                    << k.name << " " << ell.name << " " << deg;
             }
         }
     }
 }
 
-TEST(AuxLatitude, SeriesMeetsClosedFormAtThreshold) {
+TEST(AuxLatitude, SeriesMeetsClosedFormAtThreshold)
+{
     // The public functions switch at the threshold: just below it the series, at it the closed
     // forms.  Both sides must agree within 1e-12 rad; so must the series slots of a flags-0 block
     // computed at the threshold itself against the closed forms there.
@@ -169,15 +183,22 @@ TEST(AuxLatitude, SeriesMeetsClosedFormAtThreshold) {
             const std::string at = fmt("lat = %.2f deg", i * 0.01);
             const double closed_f = k.fwd(kThreshold, lat, hi.data());
             const double closed_i = k.inv(kThreshold, lat, hi.data());
-            ASSERT_LE(wf.add(std::fabs(k.fwd(below, lat, lo.data()) - closed_f), at), 1e-12) << k.name << at;
-            ASSERT_LE(wi.add(std::fabs(k.inv(below, lat, lo.data()) - closed_i), at), 1e-12) << k.name << at;
-            ASSERT_LE(wf.add(std::fabs(lat + gx::math::sine_series(hi.data(), lat) - closed_f), at + " (same e2)"), 1e-12);
-            ASSERT_LE(wi.add(std::fabs(lat + gx::math::sine_series(hi.data() + 7, lat) - closed_i), at + " (same e2)"), 1e-12);
+            ASSERT_LE(wf.add(std::fabs(k.fwd(below, lat, lo.data()) - closed_f), at), 1e-12)
+                << k.name << at;
+            ASSERT_LE(wi.add(std::fabs(k.inv(below, lat, lo.data()) - closed_i), at), 1e-12)
+                << k.name << at;
+            ASSERT_LE(wf.add(std::fabs(lat + gx::math::sine_series(hi.data(), lat) - closed_f),
+                             at + " (same e2)"),
+                      1e-12);
+            ASSERT_LE(wi.add(std::fabs(lat + gx::math::sine_series(hi.data() + 7, lat) - closed_i),
+                             at + " (same e2)"),
+                      1e-12);
         }
     }
 }
 
-TEST(AuxLatitude, RectifyingNewtonEqualsTheLiteralIteration) {
+TEST(AuxLatitude, RectifyingNewtonEqualsTheLiteralIteration)
+{
     // gx_mu_to_phi_wconst reads the 50th iterate off a two-cycle instead of iterating to it:
     // compare with the fixed-point iteration written out literally, bit for bit.
     for (double e2 : {kThreshold, 0.0069, 0.01, 0.08}) {
@@ -190,18 +211,23 @@ TEST(AuxLatitude, RectifyingNewtonEqualsTheLiteralIteration) {
             for (int k = 0; k < 50; ++k) {
                 const double s = std::sin(phi), c = std::cos(phi);
                 const double w2 = 1 - e2 * s * s, w = std::sqrt(w2);
-                const double step = (gx::math::ellint2_amp(phi, e2) - block[14] * 2 * s * c / w - target) * w2 * w / block[16];
+                const double step =
+                    (gx::math::ellint2_amp(phi, e2) - block[14] * 2 * s * c / w - target) * w2 * w /
+                    block[16];
                 phi -= step;
-                if (std::fabs(step) <= 1e-16) break;
+                if (std::fabs(step) <= 1e-16)
+                    break;
             }
             phi = std::copysign(phi, mu);
-            if (mu == 0.0) phi = mu;
+            if (mu == 0.0)
+                phi = mu;
             ASSERT_EQ(gx_mu_to_phi_wconst(e2, mu, block), phi) << e2 << " " << mu;
         }
     }
 }
 
-TEST(AuxLatitude, IsometricAndGeocentric) {
+TEST(AuxLatitude, IsometricAndGeocentric)
+{
     for (const auto &ell : test_ellipsoids()) {
         Worst we(std::string("isometric round trip, ") + ell.name, " rad");
         Worst wg(std::string("geocentric round trip, ") + ell.name, " rad");
@@ -223,8 +249,10 @@ TEST(AuxLatitude, IsometricAndGeocentric) {
             // eta has the condition number 1/cos(phi): one unit in the last place of the latitude
             // moves it by 2.2e-16/cos(phi)
             ASSERT_LE(wre.add(std::fabs(eta - ref.IsometricLatitude(deg) * kDeg), at),
-                      1e-14 * std::fmax(1, std::fabs(eta)) + 1e-15 / std::cos(lat)) << at;
-            ASSERT_LE(wrg.add(std::fabs(phig - ref.GeocentricLatitude(deg) * kDeg), at), 1e-14) << at;
+                      1e-14 * std::fmax(1, std::fabs(eta)) + 1e-15 / std::cos(lat))
+                << at;
+            ASSERT_LE(wrg.add(std::fabs(phig - ref.GeocentricLatitude(deg) * kDeg), at), 1e-14)
+                << at;
 #endif
         }
         EXPECT_EQ(gx_phi_to_phig(ell.e2, 0.0), 0.0);

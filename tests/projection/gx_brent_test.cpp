@@ -12,32 +12,37 @@ struct Counted {
     int calls = 0;
 };
 
-double cos_minus(double x, void *ctx) {
+double cos_minus(double x, void *ctx)
+{
     auto *c = static_cast<Counted *>(ctx);
     ++c->calls;
     return std::cos(x) - c->target;
 }
 
-double cubic(double x, void *ctx) {
+double cubic(double x, void *ctx)
+{
     auto *c = static_cast<Counted *>(ctx);
     ++c->calls;
     return (x - c->target) * (x - c->target) * (x - c->target);
 }
 
-double step(double x, void *ctx) {
+double step(double x, void *ctx)
+{
     auto *c = static_cast<Counted *>(ctx);
     ++c->calls;
     return x < c->target ? -1.0 : 1.0;
 }
 
 // The latitude at which the conformal latitude equals a given value: a typical use.
-double chi_minus(double x, void *ctx) {
+double chi_minus(double x, void *ctx)
+{
     auto *c = static_cast<Counted *>(ctx);
     ++c->calls;
     return gx_phi_to_chi(0.0069, x) - c->target;
 }
 
-TEST(Zeroin, FindsRoots) {
+TEST(Zeroin, FindsRoots)
+{
     for (double t : {0.05, 0.3, 0.5, 0.9, 0.999}) {
         Counted c{t};
         const double x = gx_zeroin(&c, cos_minus);

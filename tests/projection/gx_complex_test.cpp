@@ -19,32 +19,41 @@ using cplx = std::complex<double>;
 namespace {
 
 // A grid of the complex plane with the branch cuts and their signed-zero sides included.
-const std::vector<cplx> &grid() {
+const std::vector<cplx> &grid()
+{
     static const std::vector<cplx> pts = [] {
-        std::vector<double> axis = {0.0, -0.0, 1e-9, -1e-9, 0.5, -0.5, 1.0, -1.0, 1.0000001, -1.0000001,
-                                    1.5, -1.5, 2.0, -2.0, 10.0, -10.0, 1e6, -1e6};
-        for (int i = -12; i <= 12; ++i) axis.push_back(i * 0.25 + 0.0625);
+        std::vector<double> axis = {0.0, -0.0, 1e-9,      -1e-9,      0.5, -0.5,
+                                    1.0, -1.0, 1.0000001, -1.0000001, 1.5, -1.5,
+                                    2.0, -2.0, 10.0,      -10.0,      1e6, -1e6};
+        for (int i = -12; i <= 12; ++i)
+            axis.push_back(i * 0.25 + 0.0625);
         std::vector<cplx> v;
         for (double re : axis)
-            for (double im : axis) v.emplace_back(re, im);
+            for (double im : axis)
+                v.emplace_back(re, im);
         return v;
     }();
     return pts;
 }
 
-bool same(double a, double b) { return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b)); }
+bool same(double a, double b)
+{
+    return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
+}
 bool same(cplx a, cplx b) { return same(a.real(), b.real()) && same(a.imag(), b.imag()); }
 bool same(gx_dcomp a, cplx b) { return same(cplx(a.re, a.im), b); }
 gx_dcomp dc(cplx z) { return gx_dcomp{z.real(), z.imag()}; }
 
 using ZFun = void (*)(double, double, double *, double *);
-cplx call(ZFun f, cplx z) {
+cplx call(ZFun f, cplx z)
+{
     double r, i;
     f(z.real(), z.imag(), &r, &i);
     return {r, i};
 }
 
-TEST(Complex, ArithmeticMatchesStdComplex) {
+TEST(Complex, ArithmeticMatchesStdComplex)
+{
     for (cplx a : grid()) {
         for (cplx b : {cplx(2.0, -3.0), cplx(-0.5, 0.25), cplx(1e-3, 7.0), a}) {
             double r, i;
@@ -67,7 +76,8 @@ TEST(Complex, ArithmeticMatchesStdComplex) {
     }
 }
 
-TEST(Complex, ElementaryFunctionsMatchStdComplexEverywhere) {
+TEST(Complex, ElementaryFunctionsMatchStdComplexEverywhere)
+{
     // Same values as std::complex bit for bit in both families, on both sides of every branch
     // cut (the grid holds the cuts with +0 and -0 as the other part): identities, principal
     // ranges and the side a signed zero picks are the library's, so they hold here too.
@@ -104,22 +114,45 @@ TEST(Complex, ElementaryFunctionsMatchStdComplexEverywhere) {
 
 // ---- complex elliptic functions ---------------------------------------------------------------
 
-cplx zsn(cplx w, double m) { double r, i; gx_zsn(w.real(), w.imag(), m, &r, &i); return {r, i}; }
-cplx zcn(cplx w, double m) { double r, i; gx_zcn(w.real(), w.imag(), m, &r, &i); return {r, i}; }
-cplx zdn(cplx w, double m) { double r, i; gx_zdn(w.real(), w.imag(), m, &r, &i); return {r, i}; }
-cplx zeps(cplx w, double m) { double r, i; gx_ziellint2(w.real(), w.imag(), m, &r, &i); return {r, i}; }
+cplx zsn(cplx w, double m)
+{
+    double r, i;
+    gx_zsn(w.real(), w.imag(), m, &r, &i);
+    return {r, i};
+}
+cplx zcn(cplx w, double m)
+{
+    double r, i;
+    gx_zcn(w.real(), w.imag(), m, &r, &i);
+    return {r, i};
+}
+cplx zdn(cplx w, double m)
+{
+    double r, i;
+    gx_zdn(w.real(), w.imag(), m, &r, &i);
+    return {r, i};
+}
+cplx zeps(cplx w, double m)
+{
+    double r, i;
+    gx_ziellint2(w.real(), w.imag(), m, &r, &i);
+    return {r, i};
+}
 
 // Points of the strip |Im w| < K'(m) * 0.8, Re w in [-2.5K, 2.5K] (away from the poles at
 // 2jK + i(2k+1)K').
-std::vector<cplx> elliptic_grid(double m) {
+std::vector<cplx> elliptic_grid(double m)
+{
     const double K = gx_ellint1(m), Kp = m > 0 ? gx_ellint1(1 - m) : 10.0;
     std::vector<cplx> v;
     for (int i = -10; i <= 10; ++i)
-        for (int j = -8; j <= 8; ++j) v.emplace_back(i * 0.25 * K + 0.01, j * 0.1 * std::fmin(Kp, 4.0));
+        for (int j = -8; j <= 8; ++j)
+            v.emplace_back(i * 0.25 * K + 0.01, j * 0.1 * std::fmin(Kp, 4.0));
     return v;
 }
 
-TEST(ComplexElliptic, ReducesToRealAndCircularCases) {
+TEST(ComplexElliptic, ReducesToRealAndCircularCases)
+{
     for (double m : {0.0, kWgs84E2, 0.5, 0.99}) {
         for (int i = -30; i <= 30; ++i) {
             const double u = i * 0.2;
@@ -131,7 +164,8 @@ TEST(ComplexElliptic, ReducesToRealAndCircularCases) {
             // Jacobi's imaginary transformation: sn(iv | m) = i sc(v | 1 - m)
             const double v = i * 0.05;
             const cplx iv(0.0, v);
-            EXPECT_NEAR(std::abs(zsn(iv, m) - cplx(0, gx_sn(v, 1 - m) / gx_cn(v, 1 - m))), 0.0, 1e-14);
+            EXPECT_NEAR(std::abs(zsn(iv, m) - cplx(0, gx_sn(v, 1 - m) / gx_cn(v, 1 - m))), 0.0,
+                        1e-14);
         }
     }
     for (cplx w : elliptic_grid(0.5)) { // m = 0: circular functions; m = 1: hyperbolic
@@ -139,14 +173,19 @@ TEST(ComplexElliptic, ReducesToRealAndCircularCases) {
         EXPECT_LE(std::abs(zcn(w, 0.0) - std::cos(w)), 1e-14 * std::abs(std::cos(w)) + 1e-15) << w;
         EXPECT_LE(std::abs(zeps(w, 0.0) - w), 1e-14) << w;
         if (std::fabs(w.imag()) < 1.4) {
-            EXPECT_LE(std::abs(zsn(w, 1.0) - std::tanh(w)), 1e-14 * std::abs(std::tanh(w)) + 1e-15) << w;
-            EXPECT_LE(std::abs(zdn(w, 1.0) - 1.0 / std::cosh(w)), 1e-14 * std::abs(1.0 / std::cosh(w)) + 1e-15) << w;
-            EXPECT_LE(std::abs(zeps(w, 1.0) - std::tanh(w)), 1e-14 * std::abs(std::tanh(w)) + 1e-15) << w;
+            EXPECT_LE(std::abs(zsn(w, 1.0) - std::tanh(w)), 1e-14 * std::abs(std::tanh(w)) + 1e-15)
+                << w;
+            EXPECT_LE(std::abs(zdn(w, 1.0) - 1.0 / std::cosh(w)),
+                      1e-14 * std::abs(1.0 / std::cosh(w)) + 1e-15)
+                << w;
+            EXPECT_LE(std::abs(zeps(w, 1.0) - std::tanh(w)), 1e-14 * std::abs(std::tanh(w)) + 1e-15)
+                << w;
         }
     }
 }
 
-TEST(ComplexElliptic, IdentitiesAndDerivatives) {
+TEST(ComplexElliptic, IdentitiesAndDerivatives)
+{
     // sn^2 + cn^2 = 1, dn^2 + m sn^2 = 1; d sn/dw = cn dn and dE/dw = dn^2, checked by central
     // differences along the real and the imaginary direction (which also checks analyticity).
     Worst wid("complex sn^2+cn^2-1, dn^2+m sn^2-1");
@@ -168,19 +207,23 @@ TEST(ComplexElliptic, IdentitiesAndDerivatives) {
                 const cplx deps = (zeps(w + h, m) - zeps(w - h, m)) / (2.0 * h);
                 const double sc = std::fmax(1.0, std::abs(c * d));
                 EXPECT_LE(wd.add(std::abs(dsn - c * d) / sc, at), 1e-7) << at;
-                EXPECT_LE(wd.add(std::abs(deps - d * d) / std::fmax(1.0, std::norm(d)), at), 1e-7) << at;
+                EXPECT_LE(wd.add(std::abs(deps - d * d) / std::fmax(1.0, std::norm(d)), at), 1e-7)
+                    << at;
             }
         }
     }
 }
 
-TEST(ComplexElliptic, EpsilonIsTheIntegralOfDnSquared) {
+TEST(ComplexElliptic, EpsilonIsTheIntegralOfDnSquared)
+{
     // E(w) = integral_0^w dn(t)^2 dt along the straight segment from 0, by composite 5-point
     // Gauss-Legendre quadrature on 200 panels (its own error is far below the bound even where
     // the segment ends 0.37 from a pole of dn).
     Worst w_int("complex E(w) vs quadrature of dn^2");
-    const double gx[5] = {-0.9061798459386640, -0.5384693101056831, 0.0, 0.5384693101056831, 0.9061798459386640};
-    const double gw[5] = {0.2369268850561891, 0.4786286704993665, 0.5688888888888889, 0.4786286704993665, 0.2369268850561891};
+    const double gx[5] = {-0.9061798459386640, -0.5384693101056831, 0.0, 0.5384693101056831,
+                          0.9061798459386640};
+    const double gw[5] = {0.2369268850561891, 0.4786286704993665, 0.5688888888888889,
+                          0.4786286704993665, 0.2369268850561891};
     for (double m : {kWgs84E2, 0.0069, 0.5}) {
         for (cplx w : elliptic_grid(m)) {
             const int n = 200;
@@ -192,12 +235,16 @@ TEST(ComplexElliptic, EpsilonIsTheIntegralOfDnSquared) {
                 }
             const cplx integral = sum * w / (2.0 * n);
             const std::string at = fmt("m = %g, w = (%g, %g)", m, w.real(), w.imag());
-            EXPECT_LE(w_int.add(std::abs(zeps(w, m) - integral) / std::fmax(1.0, std::abs(integral)), at), 1e-12) << at;
+            EXPECT_LE(
+                w_int.add(std::abs(zeps(w, m) - integral) / std::fmax(1.0, std::abs(integral)), at),
+                1e-12)
+                << at;
         }
     }
 }
 
-TEST(ComplexElliptic, ComposeToTheExactTransverseMercator) {
+TEST(ComplexElliptic, ComposeToTheExactTransverseMercator)
+{
     // Lee's exact transverse Mercator, as the projection code will use it: for w = u + iv,
     //   psi + i lambda = atanh(sn w) - e atanh(e sn w)   (isometric latitude, longitude)
     //   northing + i easting = a k0 (E(am w | e2) - e2 sn w cn w / dn w)
@@ -215,14 +262,18 @@ TEST(ComplexElliptic, ComposeToTheExactTransverseMercator) {
         for (int j = 0; j <= 20; ++j) {
             const gx_dcomp w{i * 0.049 * K, j * 0.045 * Kp};
             const gx_dcomp sn = gx_dcomp_sn(w, e2);
-            const gx_dcomp t1 = gx_dcomp_atanh(sn), t2 = gx_dcomp_atanh(gx_dcomp{e * sn.re, e * sn.im});
+            const gx_dcomp t1 = gx_dcomp_atanh(sn),
+                           t2 = gx_dcomp_atanh(gx_dcomp{e * sn.re, e * sn.im});
             const double psi = t1.re - e * t2.re, lam = t1.im - e * t2.im;
             // up to 70 degrees from the central meridian (beyond it GeographicLib folds far
             // points onto another sheet near the singular point at lambda = 90 (1 - e))
-            if (std::fabs(lam) > 70 * kDeg) continue;
+            if (std::fabs(lam) > 70 * kDeg)
+                continue;
             const double phi = gx_eta_to_phi(e2, psi);
-            const gx_dcomp corr = gx_dcomp_div(gx_dcomp_mult(sn, gx_dcomp_cn(w, e2)), gx_dcomp_dn(w, e2));
-            const gx_dcomp z = gx_dcomp_sub(gx_dcomp_iellint2(w, e2), gx_dcomp{e2 * corr.re, e2 * corr.im});
+            const gx_dcomp corr =
+                gx_dcomp_div(gx_dcomp_mult(sn, gx_dcomp_cn(w, e2)), gx_dcomp_dn(w, e2));
+            const gx_dcomp z =
+                gx_dcomp_sub(gx_dcomp_iellint2(w, e2), gx_dcomp{e2 * corr.re, e2 * corr.im});
             double x, y;
             tm.Forward(0.0, phi / kDeg, lam / kDeg, x, y);
             const std::string at = fmt("w = (%g, %g)", w.re, w.im);

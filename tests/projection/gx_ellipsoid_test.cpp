@@ -19,7 +19,8 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr double kThreshold = 0.006884661117170036;
 
-TEST(Ellipsoid, SphereCasesDeltaAndEq) {
+TEST(Ellipsoid, SphereCasesDeltaAndEq)
+{
     // e2 below 2^-48 is a sphere (the radii of curvature are checked against GeographicLib).
     const double a = 6378137.0;
     EXPECT_EQ(gx_auth_r(a, 0.0), a);
@@ -42,7 +43,7 @@ TEST(Ellipsoid, SphereCasesDeltaAndEq) {
     EXPECT_DOUBLE_EQ(gx_delta_center(190 * kDeg, 0.0), -170 * kDeg);
 
     EXPECT_TRUE(gx_eq(1.0, 1.0));
-    EXPECT_TRUE(gx_eq(0.0, 0x1p-48));            // ((0 + 2^-48)/2 + 1) 2^-48 >= 2^-48
+    EXPECT_TRUE(gx_eq(0.0, 0x1p-48)); // ((0 + 2^-48)/2 + 1) 2^-48 >= 2^-48
     EXPECT_FALSE(gx_eq(0.0, 0x1p-47));
     EXPECT_TRUE(gx_eq(1.0, 1.0 + 0x1p-48));
     EXPECT_TRUE(gx_eq(1.0, 1.0 + 1.9 * 0x1p-48)); // tolerance (1 + 1) 2^-48 near 1
@@ -52,7 +53,8 @@ TEST(Ellipsoid, SphereCasesDeltaAndEq) {
     EXPECT_TRUE(gx_eq(kPi / 2, 1.570796326794891)); // the pole pulled in by 25 ulp still counts
 }
 
-TEST(Ellipsoid, MeridianArcAgainstLongDoubleQuadrature) {
+TEST(Ellipsoid, MeridianArcAgainstLongDoubleQuadrature)
+{
     // Independent oracle: the arc integral in long double (error below 1e-12 m).  The bound is
     // 1e-9 m everywhere: beyond 2^23 m (8389 km) that is about half a unit in the last place,
     // so there gx_q has to be correctly rounded.
@@ -71,20 +73,23 @@ TEST(Ellipsoid, MeridianArcAgainstLongDoubleQuadrature) {
             EXPECT_EQ(gx_q(ell.a, ell.e2, -phi), -got);
         }
         const double q90 = gx_q90(ell.a, ell.e2, 0.0);
-        EXPECT_NEAR(q90, static_cast<double>(meridian_arc_ld(ell.a, ell.e2, kPi / 2)), 2e-9) << ell.name;
+        EXPECT_NEAR(q90, static_cast<double>(meridian_arc_ld(ell.a, ell.e2, kPi / 2)), 2e-9)
+            << ell.name;
         EXPECT_NEAR(gx_q(ell.a, ell.e2, kPi / 2), q90, 2e-9) << ell.name;
         EXPECT_NEAR(gx_rect_r(ell.a, ell.e2), q90 / (kPi / 2), 2e-9) << ell.name;
     }
 }
 
-TEST(Ellipsoid, MeridianArcAgainstGeographicLib) {
+TEST(Ellipsoid, MeridianArcAgainstGeographicLib)
+{
 #ifndef GX_HAVE_GEOGRAPHICLIB
     GTEST_SKIP() << "GeographicLib not found at configure time: oracle comparison not built";
 #else
     for (const auto &ell : test_ellipsoids()) {
         const GeographicLib::Ellipsoid ref(ell.a, flattening(ell.e2));
         Worst worst(std::string("meridian arc vs GeographicLib, ") + ell.name, " m");
-        Worst own(std::string("  GeographicLib itself vs long-double quadrature, ") + ell.name, " ulp");
+        Worst own(std::string("  GeographicLib itself vs long-double quadrature, ") + ell.name,
+                  " ulp");
         for (int i = 0; i <= 9000; ++i) {
             const double deg = i * 0.01;
             const double got = gx_q(ell.a, ell.e2, deg * kDeg);
@@ -98,9 +103,11 @@ TEST(Ellipsoid, MeridianArcAgainstGeographicLib) {
             // units in the last place of its own.  Both are measured with the long-double oracle
             // (at the exact degree value and at the radian double) and allowed for on top of the
             // 1e-9 m that the quadrature test above holds gx_q to.
-            const long double exact_deg = meridian_arc_ld(ell.a, ell.e2, deg * (3.141592653589793238462643383279502884L / 180));
+            const long double exact_deg = meridian_arc_ld(
+                ell.a, ell.e2, deg * (3.141592653589793238462643383279502884L / 180));
             const double gl_err = static_cast<double>(std::fabs(want - exact_deg));
-            const double conv = static_cast<double>(std::fabs(exact_deg - meridian_arc_ld(ell.a, ell.e2, deg * kDeg)));
+            const double conv = static_cast<double>(
+                std::fabs(exact_deg - meridian_arc_ld(ell.a, ell.e2, deg * kDeg)));
             own.add(gl_err / ulp, fmt("phi = %.2f deg", deg));
             ASSERT_LE(err, 1e-9 + gl_err + conv) << ell.name << " phi(deg) = " << deg;
         }
@@ -115,7 +122,8 @@ TEST(Ellipsoid, MeridianArcAgainstGeographicLib) {
 #endif
 }
 
-TEST(Ellipsoid, MeridianArcSeriesMeetsClosedFormAtThreshold) {
+TEST(Ellipsoid, MeridianArcSeriesMeetsClosedFormAtThreshold)
+{
     // Just below the threshold gx_q takes the series, at it the closed form: the two must agree
     // (arc on the unit ellipsoid, i.e. in radians).  The series is also evaluated at the
     // threshold itself through the internal helper and compared with the closed form there.

@@ -18,15 +18,17 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-const std::vector<double> &parameters() {
-    static const std::vector<double> m = {0.0,    1e-12, 1e-3,  kWgs84E2, 0.0069, 0.1,  0.5,
-                                          0.9,    0.99,  0.999999,  1 - kWgs84E2, -0.5, -3.0};
+const std::vector<double> &parameters()
+{
+    static const std::vector<double> m = {0.0, 1e-12, 1e-3,     kWgs84E2,     0.0069, 0.1, 0.5,
+                                          0.9, 0.99,  0.999999, 1 - kWgs84E2, -0.5,   -3.0};
     return m;
 }
 
 double rel(double got, double want) { return std::fabs(got - want) / std::fabs(want); }
 
-TEST(Elliptic, KnownValues) {
+TEST(Elliptic, KnownValues)
+{
     EXPECT_NEAR(gx_ellint1(0.0), kPi / 2, 1e-16);
     EXPECT_NEAR(gx_ellint2(0.0), kPi / 2, 1e-16);
     EXPECT_EQ(gx_ellint2(1.0), 1.0);
@@ -54,7 +56,8 @@ TEST(Elliptic, KnownValues) {
     EXPECT_NEAR(gx_iellint2amp(-2.5 * kPi, 0.3), -5 * gx_ellint2(0.3), 1e-14);
 }
 
-TEST(Elliptic, AgainstGeographicLib) {
+TEST(Elliptic, AgainstGeographicLib)
+{
 #ifndef GX_HAVE_GEOGRAPHICLIB
     GTEST_SKIP() << "GeographicLib not found at configure time: oracle comparison not built";
 #else
@@ -65,10 +68,14 @@ TEST(Elliptic, AgainstGeographicLib) {
         for (double x : vals)
             for (double y : vals)
                 for (double z : vals) {
-                    if ((x == 0) + (y == 0) + (z == 0) >= 2) continue;
+                    if ((x == 0) + (y == 0) + (z == 0) >= 2)
+                        continue;
                     const std::string at = fmt("(%g, %g, %g)", x, y, z);
-                    ASSERT_LE(wf.add(rel(gx_ellint_rf(x, y, z), EllipticFunction::RF(x, y, z)), at), 1e-14) << at;
-                    if (z == 0 || (x == 0 && y == 0)) continue;
+                    ASSERT_LE(wf.add(rel(gx_ellint_rf(x, y, z), EllipticFunction::RF(x, y, z)), at),
+                              1e-14)
+                        << at;
+                    if (z == 0 || (x == 0 && y == 0))
+                        continue;
                     const double want = EllipticFunction::RD(x, y, z);
                     if (std::isinf(want)) { // 1e-300^(-3/2) overflows in both
                         EXPECT_TRUE(std::isinf(gx_ellint_rd(x, y, z))) << at;
@@ -78,8 +85,10 @@ TEST(Elliptic, AgainstGeographicLib) {
                 }
     }
     Worst wk("K(m) vs GeographicLib (relative)"), we("E(m) vs GeographicLib (relative)");
-    Worst wphi("E(phi|m) vs GeographicLib (relative)"), weps("E(am(u)|m) vs GeographicLib (relative)");
-    Worst wsn("sn(u|m) vs GeographicLib"), wcn("cn(u|m) vs GeographicLib"), wdn("dn(u|m) vs GeographicLib");
+    Worst wphi("E(phi|m) vs GeographicLib (relative)"),
+        weps("E(am(u)|m) vs GeographicLib (relative)");
+    Worst wsn("sn(u|m) vs GeographicLib"), wcn("cn(u|m) vs GeographicLib"),
+        wdn("dn(u|m) vs GeographicLib");
     for (double m : parameters()) {
         const EllipticFunction ref(m);
         const std::string mm = fmt("m = %.17g", m);
@@ -89,10 +98,12 @@ TEST(Elliptic, AgainstGeographicLib) {
             const double phi = i * 0.01; // beyond +-pi/2 on purpose: |phi| up to 4
             const std::string at = fmt("m = %.17g, phi = %g", m, phi);
             const double want = ref.E(phi);
-            if (want == 0) continue;
+            if (want == 0)
+                continue;
             ASSERT_LE(wphi.add(rel(gx_iellint2amp(phi, m), want), at), 1e-14) << at;
         }
-        if (m < 0) continue; // epsilon(u) is for 0 <= m <= 1
+        if (m < 0)
+            continue; // epsilon(u) is for 0 <= m <= 1
         for (int i = -500; i <= 500; ++i) {
             const double u = i * 0.02; // -10 .. 10, several periods
             const std::string at = fmt("m = %.17g, u = %g", m, u);
@@ -128,7 +139,8 @@ TEST(Elliptic, AgainstGeographicLib) {
 #endif
 }
 
-TEST(Elliptic, JacobiIdentities) {
+TEST(Elliptic, JacobiIdentities)
+{
     for (double m : {0.0, 0.25, kWgs84E2, 0.9, 1.0, 1.5, 4.0}) {
         for (int i = -60; i <= 60; ++i) {
             const double u = i * 0.1;

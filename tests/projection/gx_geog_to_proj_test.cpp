@@ -38,12 +38,12 @@ TEST(ConversionDriver, UnitsAndFalseOffsets)
 {
     // The same projection in degrees/metres and in grads/feet gives the same point.
     gx_projcs *metric = make_cs("Mercator", mercator_parms);
-    gx_projcs *other = make_cs("Mercator",
-                               "PARAMETER[\"False_Easting\",3280.833333333333],"
-                               "PARAMETER[\"False_Northing\",6561.666666666667],"
-                               "PARAMETER[\"Central_Meridian\",11.11111111111111],",
-                               "UNIT[\"Grad\",0.01570796326794897]",
-                               "UNIT[\"Foot_US\",0.3048006096012192]");
+    gx_projcs *other =
+        make_cs("Mercator",
+                "PARAMETER[\"False_Easting\",3280.833333333333],"
+                "PARAMETER[\"False_Northing\",6561.666666666667],"
+                "PARAMETER[\"Central_Meridian\",11.11111111111111],",
+                "UNIT[\"Grad\",0.01570796326794897]", "UNIT[\"Foot_US\",0.3048006096012192]");
     double a[2] = {12.0, 45.0};
     double b[2] = {12.0 / 0.9, 50.0};
     ASSERT_EQ(gx_geog_to_proj(metric, 1, a), 1);
@@ -92,9 +92,10 @@ TEST(ConversionDriver, ClampingCentringAndDirections)
 TEST(ConversionDriver, NothingConvertedGivesTheInputBack)
 {
     // A Lambert cone with one standard parallel at a pole has no constants and converts nothing.
-    gx_projcs *cs = make_cs("Lambert_Conformal_Conic",
-                            "PARAMETER[\"False_Easting\",100.0],PARAMETER[\"Standard_Parallel_1\",90.0],"
-                            "PARAMETER[\"Standard_Parallel_2\",40.0],");
+    gx_projcs *cs =
+        make_cs("Lambert_Conformal_Conic",
+                "PARAMETER[\"False_Easting\",100.0],PARAMETER[\"Standard_Parallel_1\",90.0],"
+                "PARAMETER[\"Standard_Parallel_2\",40.0],");
     double p[4] = {10.0, 95.0, 20.0, 30.0};
     EXPECT_EQ(gx_geog_to_proj(cs, 2, p), 0);
     EXPECT_EQ(p[0], 10.0);
@@ -120,14 +121,14 @@ TEST(ConversionDriver, NothingConvertedGivesTheInputBack)
 TEST(ConversionDriver, DefaultsOfAbsentParameters)
 {
     // No scale factor means 1; no second standard parallel means the first one.
-    gx_projcs *implicit = make_cs("Lambert_Conformal_Conic",
-                                  "PARAMETER[\"Central_Meridian\",-100.0],"
-                                  "PARAMETER[\"Standard_Parallel_1\",40.0],");
-    gx_projcs *explicit_ = make_cs("Lambert_Conformal_Conic",
-                                   "PARAMETER[\"Central_Meridian\",-100.0],"
-                                   "PARAMETER[\"Standard_Parallel_1\",40.0],"
-                                   "PARAMETER[\"Standard_Parallel_2\",40.0],"
-                                   "PARAMETER[\"Scale_Factor\",1.0],");
+    gx_projcs *implicit =
+        make_cs("Lambert_Conformal_Conic", "PARAMETER[\"Central_Meridian\",-100.0],"
+                                           "PARAMETER[\"Standard_Parallel_1\",40.0],");
+    gx_projcs *explicit_ =
+        make_cs("Lambert_Conformal_Conic", "PARAMETER[\"Central_Meridian\",-100.0],"
+                                           "PARAMETER[\"Standard_Parallel_1\",40.0],"
+                                           "PARAMETER[\"Standard_Parallel_2\",40.0],"
+                                           "PARAMETER[\"Scale_Factor\",1.0],");
     double a[2] = {-95.0, 35.0}, b[2] = {-95.0, 35.0};
     gx_geog_to_proj(implicit, 1, a);
     gx_geog_to_proj(explicit_, 1, b);

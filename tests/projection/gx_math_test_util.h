@@ -19,7 +19,8 @@ struct Ellipsoid {
 
 constexpr double kWgs84E2 = 0.0066943799901413165; // f = 1/298.257223563
 constexpr double kClarke1866E2 = 0.006768657997291094;
-inline const std::vector<Ellipsoid> &test_ellipsoids() {
+inline const std::vector<Ellipsoid> &test_ellipsoids()
+{
     static const std::vector<Ellipsoid> list = {
         {"WGS84", 6378137.0, kWgs84E2},
         {"Clarke1866", 6378206.4, kClarke1866E2},
@@ -38,11 +39,16 @@ constexpr double kDeg = 3.14159265358979323846 / 180.0;
 // that a test run reports the measured accuracy next to the bound it asserts.
 class Worst {
 public:
-    explicit Worst(std::string what, std::string unit = "") : what_(std::move(what)), unit_(std::move(unit)) {}
-    ~Worst() {
-        std::printf("[ worst    ] %-58s %.3g%s at %s\n", what_.c_str(), err_, unit_.c_str(), where_.c_str());
+    explicit Worst(std::string what, std::string unit = "")
+        : what_(std::move(what)), unit_(std::move(unit))
+    {}
+    ~Worst()
+    {
+        std::printf("[ worst    ] %-58s %.3g%s at %s\n", what_.c_str(), err_, unit_.c_str(),
+                    where_.c_str());
     }
-    double add(double err, const std::string &where) {
+    double add(double err, const std::string &where)
+    {
         if (err > err_ || std::isnan(err)) {
             err_ = err;
             where_ = where;
@@ -56,7 +62,8 @@ private:
     double err_ = 0.0;
 };
 
-inline std::string fmt(const char *f, double a, double b = 0.0, double c = 0.0) {
+inline std::string fmt(const char *f, double a, double b = 0.0, double c = 0.0)
+{
     char buf[160];
     std::snprintf(buf, sizeof buf, f, a, b, c);
     return buf;
@@ -64,7 +71,8 @@ inline std::string fmt(const char *f, double a, double b = 0.0, double c = 0.0) 
 
 // Meridian arc a(1 - e2) * integral_0^phi (1 - e2 sin^2 t)^(-3/2) dt in long double by composite
 // 20-point Gauss-Legendre quadrature (nodes found by Newton's method in long double).
-inline long double meridian_arc_ld(long double a, long double e2, long double phi) {
+inline long double meridian_arc_ld(long double a, long double e2, long double phi)
+{
     static std::vector<long double> x, w;
     constexpr int n = 20;
     if (x.empty()) {
@@ -81,7 +89,8 @@ inline long double meridian_arc_ld(long double a, long double e2, long double ph
                 pp = n * (z * p1 - p2) / (z * z - 1);
                 const long double z1 = z;
                 z = z1 - p1 / pp;
-                if (std::fabs(z - z1) < 1e-19L) break;
+                if (std::fabs(z - z1) < 1e-19L)
+                    break;
             }
             x.push_back(z);
             w.push_back(2 / ((1 - z * z) * pp * pp));

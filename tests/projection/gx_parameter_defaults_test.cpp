@@ -77,9 +77,9 @@ TEST(ParameterDefaults, MethodSets)
         int code, count, slot9_code, slot15_code;
     };
     const expectation cases[] = {
-        {GX_TYPE_METHOD, 9603, 3, 0, 0},        {GX_TYPE_METHOD, 109607, 7, 0, 0},
-        {GX_TYPE_METHOD, 9636, 10, 100050, 0},  {GX_TYPE_METHOD, 9615, 1, 0, 100047},
-        {GX_TYPE_METHOD, 9999, 0, 0, 0},        {GX_TYPE_VTMETHOD, 129657, 5, 0, 0},
+        {GX_TYPE_METHOD, 9603, 3, 0, 0},          {GX_TYPE_METHOD, 109607, 7, 0, 0},
+        {GX_TYPE_METHOD, 9636, 10, 100050, 0},    {GX_TYPE_METHOD, 9615, 1, 0, 100047},
+        {GX_TYPE_METHOD, 9999, 0, 0, 0},          {GX_TYPE_VTMETHOD, 129657, 5, 0, 0},
         {GX_TYPE_VTMETHOD, 129861, 1, 0, 100047}, {GX_TYPE_VTMETHOD, 129660, 0, 0, 0},
         {GX_TYPE_VTMETHOD, 9603, 0, 0, 0}, // a method's code on a vtmethod
     };

@@ -14,7 +14,8 @@
 using namespace gxtest;
 
 #ifdef GX_HAVE_PROJ
-TEST(Cylindrical, MercatorAndEqualAreaAgreeWithProj) {
+TEST(Cylindrical, MercatorAndEqualAreaAgreeWithProj)
+{
     Worst merc_fwd("Mercator forward vs PROJ merc"), merc_trip("Mercator round trip");
     Worst cea_fwd("Cylindrical equal area forward vs PROJ cea"),
         cea_trip("Cylindrical equal area round trip");
@@ -28,7 +29,8 @@ TEST(Cylindrical, MercatorAndEqualAreaAgreeWithProj) {
     }
 }
 
-TEST(Azimuthal, StereographicAgreesWithProj) {
+TEST(Azimuthal, StereographicAgreesWithProj)
+{
     Worst fwd("Stereographic forward vs PROJ stere"), trip("Stereographic round trip");
     struct Origin {
         double lon0, lat0, k0;
@@ -45,7 +47,8 @@ TEST(Azimuthal, StereographicAgreesWithProj) {
 }
 
 // Orthographic and gnomonic are spherical with radius a on every datum: PROJ is given +R=a.
-TEST(Azimuthal, OrthographicAndGnomonicAgreeWithProjOnTheSphereOfRadiusA) {
+TEST(Azimuthal, OrthographicAndGnomonicAgreeWithProjOnTheSphereOfRadiusA)
+{
     Worst o_fwd("Orthographic forward vs PROJ ortho +R=a"), o_trip("Orthographic round trip");
     Worst g_fwd("Gnomonic forward vs PROJ gnom +R=a"), g_trip("Gnomonic round trip");
     for (const Ellipsoid &e : ellipsoids())
@@ -77,7 +80,8 @@ TEST(Azimuthal, OrthographicAndGnomonicAgreeWithProjOnTheSphereOfRadiusA) {
 TEST(Projections, AgreeWithProj) { GX_REQUIRE_PROJ(); }
 #endif
 
-TEST(Cylindrical, MercatorPolesAreFiniteAndTheEquatorIsZero) {
+TEST(Cylindrical, MercatorPolesAreFiniteAndTheEquatorIsZero)
+{
     for (const Ellipsoid &e : ellipsoids()) {
         const Subject s(GX_ROUTINES(mercator), e, Parms{{3, 20}});
         EXPECT_EQ(s.constants_count(), e.e2 == 0 ? 2 : 20);
@@ -89,7 +93,8 @@ TEST(Cylindrical, MercatorPolesAreFiniteAndTheEquatorIsZero) {
     }
 }
 
-TEST(Azimuthal, FarSidePointsFailAndAreNotCounted) {
+TEST(Azimuthal, FarSidePointsFailAndAreNotCounted)
+{
     const Ellipsoid &grs80 = ellipsoids()[0];
     const Parms center{{10, 10}, {11, 0}, {6, 0}, {2, 10}};
     // the center, its antipode, a point 90 degrees away (the horizon), one just beyond it
@@ -124,7 +129,8 @@ TEST(Azimuthal, FarSidePointsFailAndAreNotCounted) {
     EXPECT_NEAR(plane[1], 0.0, 1e-15);
 }
 
-TEST(AuxiliarySphere, TypeChoosesTheSphere) {
+TEST(AuxiliarySphere, TypeChoosesTheSphere)
+{
     const Ellipsoid &grs80 = ellipsoids()[0];
     const double b = grs80.a * std::sqrt(1 - grs80.e2), r_auth = gx_auth_r(grs80.a, grs80.e2);
     struct Case {
@@ -149,7 +155,8 @@ TEST(AuxiliarySphere, TypeChoosesTheSphere) {
 }
 
 #ifdef GX_HAVE_PROJ
-TEST(AuxiliarySphere, MercatorOnEachSphereAgreesWithProj) {
+TEST(AuxiliarySphere, MercatorOnEachSphereAgreesWithProj)
+{
     Worst fwd("Mercator_Auxiliary_Sphere forward vs PROJ"),
         trip("Mercator_Auxiliary_Sphere round trip");
     const std::vector<double> geo = grid(-180, 180, -85, 85);
@@ -169,7 +176,8 @@ TEST(AuxiliarySphere, MercatorOnEachSphereAgreesWithProj) {
     }
 }
 
-TEST(AuxiliarySphere, AzimuthalsOnTheSemiMinorSphereAgreeWithProj) {
+TEST(AuxiliarySphere, AzimuthalsOnTheSemiMinorSphereAgreeWithProj)
+{
     Worst fwd("ortho/gnom/stere _Auxiliary_Sphere type 1 forward vs PROJ"), trip("  round trip");
     const std::vector<double> geo = grid(-30, 50, 0, 89, 15);
     for (const Ellipsoid &e : ellipsoids()) {
@@ -191,7 +199,8 @@ TEST(AuxiliarySphere, AzimuthalsOnTheSemiMinorSphereAgreeWithProj) {
 #if defined(GX_HAVE_PROJ) && defined(GX_HAVE_GEOGRAPHICLIB)
 // Types 2 and 3: the authalic sphere (radius from GeographicLib), with the authalic latitude
 // (GeographicLib's) for type 3.
-TEST(AuxiliarySphere, MercatorOnTheAuthalicSphereAgreesWithProj) {
+TEST(AuxiliarySphere, MercatorOnTheAuthalicSphereAgreesWithProj)
+{
     Worst fwd("Mercator_Auxiliary_Sphere types 2, 3 forward vs PROJ"), trip("  round trip");
     const std::vector<double> geo = grid(-180, 180, -85, 85);
     for (const Ellipsoid &e : ellipsoids()) {

@@ -25,11 +25,13 @@ const Cone kCones[] = {
     {"origin off the parallels", 10, 60, 20, 40, 0.9996, -30, 85},
 };
 
-Parms cone_parms(const Cone &c) {
+Parms cone_parms(const Cone &c)
+{
     return Parms{{2, c.lon0}, {6, c.lat0}, {3, c.lat1}, {4, c.lat2}, {5, c.k0}};
 }
 
-std::string cone_args(const char *proj, const Cone &c, bool with_k0) {
+std::string cone_args(const char *proj, const Cone &c, bool with_k0)
+{
     char buf[200];
     std::snprintf(buf, sizeof buf, "+proj=%s +lat_1=%.17g +lat_2=%.17g +lat_0=%.17g +lon_0=%.17g",
                   proj, c.lat1, c.lat2, c.lat0, c.lon0);
@@ -41,12 +43,14 @@ std::string cone_args(const char *proj, const Cone &c, bool with_k0) {
     return s;
 }
 
-void check_cones(const char *proj, Routines r, bool with_k0, const char *what) {
+void check_cones(const char *proj, Routines r, bool with_k0, const char *what)
+{
     Worst fwd(std::string(what) + " forward vs PROJ " + proj);
     Worst trip(std::string(what) + " round trip");
     for (const Cone &c : kCones) {
         Parms p = cone_parms(c);
-        if (!with_k0) p.v[5] = 1.0;
+        if (!with_k0)
+            p.v[5] = 1.0;
         check_on_ellipsoids(r, p, cone_args(proj, c, with_k0),
                             grid(c.lon0 - 70, c.lon0 + 70, c.lat_lo, c.lat_hi), c.label, fwd, trip);
     }
@@ -55,18 +59,21 @@ void check_cones(const char *proj, Routines r, bool with_k0, const char *what) {
 } // namespace
 
 #ifdef GX_HAVE_PROJ
-TEST(Conic, LambertConformalConicAgreesWithProj) {
+TEST(Conic, LambertConformalConicAgreesWithProj)
+{
     check_cones("lcc", GX_ROUTINES(lambert_conformal_conic), true, "LCC");
 }
 TEST(Conic, AlbersAgreesWithProj) { check_cones("aea", GX_ROUTINES(albers), false, "Albers"); }
-TEST(Conic, EquidistantConicAgreesWithProj) {
+TEST(Conic, EquidistantConicAgreesWithProj)
+{
     check_cones("eqdc", GX_ROUTINES(equidistant_conic), false, "Equidistant conic");
 }
 #else
 TEST(Conic, AgreesWithProj) { GX_REQUIRE_PROJ(); }
 #endif
 
-TEST(Conic, LambertOneParallelUsesSinPhi1AndPolesStayFinite) {
+TEST(Conic, LambertOneParallelUsesSinPhi1AndPolesStayFinite)
+{
     const Ellipsoid &grs80 = ellipsoids()[0];
     const Subject s(GX_ROUTINES(lambert_conformal_conic), grs80, Parms{{3, 45}, {4, 45}, {6, 45}});
     ASSERT_EQ(s.constants_count(), 21);
@@ -76,7 +83,8 @@ TEST(Conic, LambertOneParallelUsesSinPhi1AndPolesStayFinite) {
     // both poles, and a latitude beyond one, convert to finite coordinates
     std::vector<double> xy = {0, 90 * kDeg, 0.5, -90 * kDeg, 1.0, 95 * kDeg};
     EXPECT_EQ(s.fwd(xy), 3);
-    for (double v : xy) EXPECT_TRUE(std::isfinite(v));
+    for (double v : xy)
+        EXPECT_TRUE(std::isfinite(v));
     EXPECT_LT(std::hypot(xy[0], xy[1] - s.dvals()[2]), 1e-3); // the apex
     EXPECT_GT(std::fabs(xy[3]), 1e8);                         // the opposite pole
     // a radius of 0 is the pole of the cone's sign
@@ -85,7 +93,8 @@ TEST(Conic, LambertOneParallelUsesSinPhi1AndPolesStayFinite) {
     EXPECT_EQ(apex[1], 90 * kDeg);
 }
 
-TEST(Conic, LambertSymmetricParallelsIsScaledShiftedMercator) {
+TEST(Conic, LambertSymmetricParallelsIsScaledShiftedMercator)
+{
     const double k0 = 0.9996;
     for (const Ellipsoid &e : ellipsoids()) {
         const Subject lcc(GX_ROUTINES(lambert_conformal_conic), e,
@@ -115,7 +124,8 @@ TEST(Conic, LambertSymmetricParallelsIsScaledShiftedMercator) {
     }
 }
 
-TEST(Conic, LambertBothParallelsAtAPoleIsPolarStereographic) {
+TEST(Conic, LambertBothParallelsAtAPoleIsPolarStereographic)
+{
     for (const Ellipsoid &e : ellipsoids())
         for (double pole : {90.0, -90.0})
             for (double lat0 : {pole, pole * 0.6}) {
@@ -133,7 +143,8 @@ TEST(Conic, LambertBothParallelsAtAPoleIsPolarStereographic) {
                 stere.fwd(want);
                 stere.fwd(origin);
                 if (lat0 != pole) // northings count from the cone's own origin
-                    for (size_t i = 1; i < want.size(); i += 2) want[i] -= origin[1];
+                    for (size_t i = 1; i < want.size(); i += 2)
+                        want[i] -= origin[1];
                 EXPECT_TRUE(same_values(got, want))
                     << e.name << " pole " << pole << " lat0 " << lat0;
                 EXPECT_EQ(lcc.inv(got), 81);
@@ -143,7 +154,8 @@ TEST(Conic, LambertBothParallelsAtAPoleIsPolarStereographic) {
             }
 }
 
-TEST(Conic, LambertWithOneParallelAtAPoleConvertsNothing) {
+TEST(Conic, LambertWithOneParallelAtAPoleConvertsNothing)
+{
     const Ellipsoid &grs80 = ellipsoids()[0];
     for (const Parms &p :
          {Parms{{3, 90}, {4, 45}}, Parms{{3, 30}, {4, -90}}, Parms{{3, 90}, {4, -90}}}) {
@@ -157,7 +169,8 @@ TEST(Conic, LambertWithOneParallelAtAPoleConvertsNothing) {
     }
 }
 
-TEST(Conic, AlbersSymmetricParallelsIsCylindricalEqualArea) {
+TEST(Conic, AlbersSymmetricParallelsIsCylindricalEqualArea)
+{
     for (const Ellipsoid &e : ellipsoids()) {
         const Subject aea(GX_ROUTINES(albers), e, Parms{{2, 15}, {3, 30}, {4, -30}});
         const Subject cea(GX_ROUTINES(cylindrical_eqarea), e, Parms{{2, 15}, {3, 30}});
@@ -173,7 +186,8 @@ TEST(Conic, AlbersSymmetricParallelsIsCylindricalEqualArea) {
     }
 }
 
-TEST(Conic, EquidistantConicSymmetricParallelsIsEquidistantCylindrical) {
+TEST(Conic, EquidistantConicSymmetricParallelsIsEquidistantCylindrical)
+{
     GX_REQUIRE_PROJ();
 #ifdef GX_HAVE_PROJ
     // PROJ's eqc is spherical: compare on the sphere; on the ellipsoid the northing is the

@@ -35,14 +35,16 @@ struct Ellipsoid {
     double e2;
 };
 
-inline double e2_from_rf(double rf) {
+inline double e2_from_rf(double rf)
+{
     const double f = 1.0 / rf;
     return (2.0 - f) * f;
 }
 
 // GRS80, Clarke 1866, Bessel 1841, a sphere, and a flattened one whose e2 lies above the series
 // threshold (the auxiliary latitudes then go through their closed forms and iterations).
-inline const std::vector<Ellipsoid> &ellipsoids() {
+inline const std::vector<Ellipsoid> &ellipsoids()
+{
     static const std::vector<Ellipsoid> list = {
         {"GRS80", 6378137.0, e2_from_rf(298.257222101)},
         {"Clarke1866", 6378206.4, 1.0 - (6356583.8 / 6378206.4) * (6356583.8 / 6378206.4)},
@@ -53,7 +55,8 @@ inline const std::vector<Ellipsoid> &ellipsoids() {
     return list;
 }
 
-inline std::string proj_ellipsoid(const Ellipsoid &e) {
+inline std::string proj_ellipsoid(const Ellipsoid &e)
+{
     char buf[96];
     if (e.e2 == 0.0)
         std::snprintf(buf, sizeof buf, " +R=%.17g", e.a);
@@ -65,7 +68,8 @@ inline std::string proj_ellipsoid(const Ellipsoid &e) {
 // 16 parameter slots from {slot, value} pairs; angles given in degrees for the angle slots.
 struct Parms {
     double v[16] = {};
-    Parms(std::initializer_list<std::pair<int, double>> slots) {
+    Parms(std::initializer_list<std::pair<int, double>> slots)
+    {
         v[5] = 1.0; // scale factor: the driver's default
         for (const auto &[slot, value] : slots) {
             const bool angle =
@@ -86,8 +90,9 @@ struct Routines {
 
 // A projection under test: runs each routine with the constants its setup stored and without.
 class Subject {
-  public:
-    Subject(Routines r, const Ellipsoid &e, const Parms &p) : r_(r) {
+public:
+    Subject(Routines r, const Ellipsoid &e, const Parms &p) : r_(r)
+    {
         sphere_[0] = e.a;
         sphere_[1] = e.e2;
         std::memcpy(parms_, p.v, sizeof parms_);
@@ -102,16 +107,18 @@ class Subject {
     const double *dvals() const { return count_ ? gx_constants_dvals(constants_) : nullptr; }
     const int *ivals() const { return count_ ? gx_constants_ivals(constants_) : nullptr; }
 
-    int fwd(std::vector<double> &xy, bool with_constants = true) const {
+    int fwd(std::vector<double> &xy, bool with_constants = true) const
+    {
         return r_.fwd(sphere_, parms_, int(xy.size() / 2), xy.data(),
                       with_constants ? ivals() : nullptr, with_constants ? dvals() : nullptr);
     }
-    int inv(std::vector<double> &xy, bool with_constants = true) const {
+    int inv(std::vector<double> &xy, bool with_constants = true) const
+    {
         return r_.inv(sphere_, parms_, int(xy.size() / 2), xy.data(),
                       with_constants ? ivals() : nullptr, with_constants ? dvals() : nullptr);
     }
 
-  private:
+private:
     Routines r_;
     double sphere_[2];
     double parms_[16];
@@ -121,7 +128,8 @@ class Subject {
 
 // (longitude, latitude) pairs in radians on a grid of n x n points over the given degrees.
 inline std::vector<double> grid(double lon_lo, double lon_hi, double lat_lo, double lat_hi,
-                                int n = 25) {
+                                int n = 25)
+{
     std::vector<double> xy;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j) {
@@ -132,31 +140,38 @@ inline std::vector<double> grid(double lon_lo, double lon_hi, double lat_lo, dou
 }
 
 // The distance in metres between two geographic points close to each other.
-inline double ground_distance(double a, double lam1, double phi1, double lam2, double phi2) {
+inline double ground_distance(double a, double lam1, double phi1, double lam2, double phi2)
+{
     const double dlam = std::remainder(lam1 - lam2, 2.0 * 3.14159265358979323846);
     return a * std::hypot(phi1 - phi2, dlam * std::cos(phi1));
 }
 
-inline bool bitwise_equal(const std::vector<double> &u, const std::vector<double> &v) {
+inline bool bitwise_equal(const std::vector<double> &u, const std::vector<double> &v)
+{
     return u.size() == v.size() && std::memcmp(u.data(), v.data(), u.size() * sizeof(double)) == 0;
 }
 
 // The same numbers (0 and -0 alike, NaN where the other has NaN).
-inline bool same_values(const std::vector<double> &u, const std::vector<double> &v) {
-    if (u.size() != v.size()) return false;
+inline bool same_values(const std::vector<double> &u, const std::vector<double> &v)
+{
+    if (u.size() != v.size())
+        return false;
     for (size_t i = 0; i < u.size(); ++i)
-        if (!(u[i] == v[i] || (std::isnan(u[i]) && std::isnan(v[i])))) return false;
+        if (!(u[i] == v[i] || (std::isnan(u[i]) && std::isnan(v[i]))))
+            return false;
     return true;
 }
 
 // Worst difference seen, printed when the test ends next to the bound it asserts.
 class Worst {
-  public:
+public:
     explicit Worst(std::string what) : what_(std::move(what)) {}
-    ~Worst() {
+    ~Worst()
+    {
         std::printf("[ worst    ] %-52s %.3g m at %s\n", what_.c_str(), err_, where_.c_str());
     }
-    void add(double err, const std::string &where) {
+    void add(double err, const std::string &where)
+    {
         if (err > err_ || std::isnan(err)) {
             err_ = err;
             where_ = where;
@@ -164,12 +179,13 @@ class Worst {
     }
     double value() const { return err_; }
 
-  private:
+private:
     std::string what_, where_ = "-";
     double err_ = 0.0;
 };
 
-inline std::string where(const char *label, const Ellipsoid &e, double lam, double phi) {
+inline std::string where(const char *label, const Ellipsoid &e, double lam, double phi)
+{
     char buf[160];
     std::snprintf(buf, sizeof buf, "%s %s (%.2f, %.2f)", label, e.name, lam / kDeg, phi / kDeg);
     return buf;
@@ -178,12 +194,14 @@ inline std::string where(const char *label, const Ellipsoid &e, double lam, doub
 #ifdef GX_HAVE_PROJ
 // A PROJ operation on radians and metres, e.g. "+proj=lcc +lat_1=33 +lat_2=45 +a=.. +es=..".
 class Oracle {
-  public:
-    explicit Oracle(const std::string &definition) {
+public:
+    explicit Oracle(const std::string &definition)
+    {
         ctx_ = proj_context_create();
         pj_ = proj_create(ctx_, definition.c_str());
     }
-    ~Oracle() {
+    ~Oracle()
+    {
         proj_destroy(pj_);
         proj_context_destroy(ctx_);
     }
@@ -191,14 +209,15 @@ class Oracle {
     Oracle &operator=(const Oracle &) = delete;
     bool ok() const { return pj_ != nullptr; }
     // Forward of (lambda, phi) in radians; false when PROJ refuses the point.
-    bool fwd(double lam, double phi, double *x, double *y) const {
+    bool fwd(double lam, double phi, double *x, double *y) const
+    {
         const PJ_COORD c = proj_trans(pj_, PJ_FWD, proj_coord(lam, phi, 0, 0));
         *x = c.xy.x;
         *y = c.xy.y;
         return std::isfinite(*x) && std::isfinite(*y) && std::fabs(*x) < 1e30;
     }
 
-  private:
+private:
     PJ_CONTEXT *ctx_ = nullptr;
     PJ *pj_ = nullptr;
 };
@@ -209,7 +228,8 @@ class Oracle {
 // points were compared.
 inline int compare_with_proj(const Subject &s, const Oracle &oracle, const Ellipsoid &e,
                              const std::vector<double> &geo, Worst &fwd_worst, Worst &trip_worst,
-                             const char *label) {
+                             const char *label)
+{
     std::vector<double> xy = geo, xy_plain = geo;
     s.fwd(xy);
     s.fwd(xy_plain, false);
@@ -221,7 +241,8 @@ inline int compare_with_proj(const Subject &s, const Oracle &oracle, const Ellip
     int compared = 0;
     for (size_t i = 0; i < geo.size(); i += 2) {
         double px, py;
-        if (std::isnan(xy[i]) || !oracle.fwd(geo[i], geo[i + 1], &px, &py)) continue;
+        if (std::isnan(xy[i]) || !oracle.fwd(geo[i], geo[i + 1], &px, &py))
+            continue;
         ++compared;
         const std::string at = where(label, e, geo[i], geo[i + 1]);
         const double d_fwd = std::hypot(xy[i] - px, xy[i + 1] - py);
@@ -238,7 +259,8 @@ inline int compare_with_proj(const Subject &s, const Oracle &oracle, const Ellip
 // ellipsoid, e.g. "+proj=lcc +lat_1=33 +lat_2=45 +lat_0=23 +lon_0=-96".
 inline void check_on_ellipsoids(Routines r, const Parms &p, const std::string &proj_args,
                                 const std::vector<double> &geo, const char *label, Worst &fwd_worst,
-                                Worst &trip_worst) {
+                                Worst &trip_worst)
+{
     for (const Ellipsoid &e : ellipsoids()) {
         const Subject s(r, e, p);
         ASSERT_GT(s.constants_count(), 0) << label << " " << e.name;

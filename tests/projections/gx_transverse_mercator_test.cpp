@@ -64,7 +64,8 @@ TEST(TransverseMercator, AgreesWithTheExactProjectionWithinAZone)
         for (int i = 0; i < n; ++i) {
             double x, y;
             exact.Forward(15.0, geographic[2 * i + 1], geographic[2 * i], x, y);
-            worst = std::fmax(worst, std::hypot(points[2 * i] - (x + 500000.0), points[2 * i + 1] - y));
+            worst =
+                std::fmax(worst, std::hypot(points[2 * i] - (x + 500000.0), points[2 * i + 1] - y));
         }
         std::printf("    transverse Mercator within %4.1f deg: worst %.3g m\n", width, worst);
         if (width == 3.5) {
@@ -76,9 +77,10 @@ TEST(TransverseMercator, AgreesWithTheExactProjectionWithinAZone)
         double worst_back = 0.0;
         for (int i = 0; i < n; ++i) {
             const double lat = geographic[2 * i + 1] * M_PI / 180.0;
-            const double dx = (points[2 * i] - geographic[2 * i]) * M_PI / 180.0 * 6378137.0 *
-                              std::cos(lat);
-            const double dy = (points[2 * i + 1] - geographic[2 * i + 1]) * M_PI / 180.0 * 6378137.0;
+            const double dx =
+                (points[2 * i] - geographic[2 * i]) * M_PI / 180.0 * 6378137.0 * std::cos(lat);
+            const double dy =
+                (points[2 * i + 1] - geographic[2 * i + 1]) * M_PI / 180.0 * 6378137.0;
             worst_back = std::fmax(worst_back, std::hypot(dx, dy));
         }
         std::printf("    round trip within %4.1f deg: worst %.3g m\n", width, worst_back);

@@ -53,7 +53,8 @@ TEST(Sequence, GrowthUnwrapsFromTheFirstElement)
     append(gx_seq_apptail, s, {1, 2, 3, 4});
     EXPECT_EQ(take(gx_seq_remhead, s), 1);
     EXPECT_EQ(take(gx_seq_remhead, s), 2);
-    append(gx_seq_apptail, s, {5, 6, 7}); // 5 and 6 wrap to index 0 and 1 (first index 2); 7 grows it
+    append(gx_seq_apptail, s,
+           {5, 6, 7}); // 5 and 6 wrap to index 0 and 1 (first index 2); 7 grows it
     EXPECT_EQ(contents(s), (std::vector<int>{3, 4, 5, 6, 7}));
     append(gx_seq_apphead, s, {2, 1, 0}); // the head wraps back to the last slot, then grows again
     append(gx_seq_apptail, s, {8, 9});

@@ -188,7 +188,8 @@ TEST(NameCompareEquivalence, PublicComparisons)
                       reference_strncmp_ci(a.c_str(), b.c_str(), count_significant(b.c_str())));
             ASSERT_EQ(gx_strcmp_i(a.c_str(), b.c_str()), reference_strcmp_i(a.c_str(), b.c_str()))
                 << '"' << a << "\" \"" << b << '"';
-            ASSERT_EQ(gx_strstr_ci(a.c_str(), b.c_str()), reference_strstr_ci(a.c_str(), b.c_str()));
+            ASSERT_EQ(gx_strstr_ci(a.c_str(), b.c_str()),
+                      reference_strstr_ci(a.c_str(), b.c_str()));
             const std::string hay = a + b + a;
             ASSERT_EQ(gx_strstr_ci(hay.c_str(), b.c_str()),
                       reference_strstr_ci(hay.c_str(), b.c_str()));
@@ -209,7 +210,8 @@ TEST(NameCompareEquivalence, TableScansThatRememberTheLocale)
             gx::loose_name loose(wanted.c_str(), classes);
             gx::caseless_name caseless(wanted.c_str(), classes);
             for (const std::string &row : rows) {
-                ASSERT_EQ(loose.matches(row.c_str()), gx_strcmp_ci(wanted.c_str(), row.c_str()) == 0)
+                ASSERT_EQ(loose.matches(row.c_str()),
+                          gx_strcmp_ci(wanted.c_str(), row.c_str()) == 0)
                     << '"' << wanted << "\" \"" << row << '"';
                 ASSERT_EQ(caseless.matches(row.c_str()),
                           gx_strcmp_i(wanted.c_str(), row.c_str()) == 0)

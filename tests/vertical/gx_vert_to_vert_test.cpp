@@ -97,10 +97,10 @@ TEST(VtmethodRegistry, LookupsAndFactories)
 TEST(VertToVert, HeightsGoThroughMetresFromEachSystemsShift)
 {
     recorded = {};
-    gx_verttran *vt = gx_verttran_new("v", nullptr, make_vertcs_in("Foot", foot, 2.0, 1.0),
-                                      make_vertcs_in("Foot", foot, 0.0, 1.0),
-                                      recorder("Vertical_Offset"),
-                                      parameter_slots({{"Vertical_Offset", 10.0}}).slots);
+    gx_verttran *vt =
+        gx_verttran_new("v", nullptr, make_vertcs_in("Foot", foot, 2.0, 1.0),
+                        make_vertcs_in("Foot", foot, 0.0, 1.0), recorder("Vertical_Offset"),
+                        parameter_slots({{"Vertical_Offset", 10.0}}).slots);
     double heights[2] = {12.0, 102.0};
     EXPECT_EQ(gx_vert1_to_vert2(vt, 2, nullptr, heights), 2);
     EXPECT_DOUBLE_EQ(recorded.heights[0], 10.0 * foot);
@@ -142,15 +142,15 @@ TEST(VertToVert, OffsetMethodRunsOnHeightsAloneAndKnowsDepths)
 TEST(VertToVert, SlopeGetsItsParametersInRadiansAndTheGeographicFrame)
 {
     recorded = {};
-    gx_verttran *vt = gx_verttran_new(
-        "v", paris_grads(), make_vertcs_in("Meter", 1.0, 0.0, 1.0),
-        make_vertcs_in("Meter", 1.0, 0.0, 1.0), recorder("Vertical_Offset_and_Slope"),
-        parameter_slots({{"Vertical_Offset", 1.0},
-                         {"Longitude_Of_Evaluation", 10.0},
-                         {"Latitude_Of_Evaluation", 50.0},
-                         {"Inclination_North", 2.0},
-                         {"Inclination_East", -3.0}})
-            .slots);
+    gx_verttran *vt = gx_verttran_new("v", paris_grads(), make_vertcs_in("Meter", 1.0, 0.0, 1.0),
+                                      make_vertcs_in("Meter", 1.0, 0.0, 1.0),
+                                      recorder("Vertical_Offset_and_Slope"),
+                                      parameter_slots({{"Vertical_Offset", 1.0},
+                                                       {"Longitude_Of_Evaluation", 10.0},
+                                                       {"Latitude_Of_Evaluation", 50.0},
+                                                       {"Inclination_North", 2.0},
+                                                       {"Inclination_East", -3.0}})
+                                          .slots);
     const double points[2] = {12.0, 51.0};
     double heights[1] = {100.0};
     EXPECT_EQ(gx_vert_to_vert(vt, 1, points, heights, 0), 1);
@@ -206,8 +206,8 @@ TEST(VertToVert, RefusalsLeaveTheHeightsUntouched)
     };
     gx_verttran *offset = make(recorder("Vertical_Offset"), {});
     gx_verttran *refused[] = {
-        make(recorder("EGM96"), {}),                                    // no dataset
-        make(recorder("Shift_By_Hand"), {}),                            // not a method it knows
+        make(recorder("EGM96"), {}),         // no dataset
+        make(recorder("Shift_By_Hand"), {}), // not a method it knows
         make(gx_vtmethod_new("GEOID", nullptr, nullptr), {{"Dataset_g2012", 0.0}}), // no routines
     };
     const double points[2] = {1.0, 2.0};

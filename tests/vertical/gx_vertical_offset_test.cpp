@@ -25,13 +25,15 @@ struct Call {
     const double *parms;
 };
 
-int convert(const Call &c, std::vector<double> *points, std::vector<double> &heights) {
+int convert(const Call &c, std::vector<double> *points, std::vector<double> &heights)
+{
     return c.method(kGRS80, c.unit_factor, 0.0, c.direction_product, c.parms, "", nullptr, nullptr,
                     nullptr, static_cast<int>(heights.size()), points ? points->data() : nullptr,
                     heights.data());
 }
 
-TEST(VerticalOffset, AddsTheOffsetInTheDirectionOfTheSystems) {
+TEST(VerticalOffset, AddsTheOffsetInTheDirectionOfTheSystems)
+{
     double parms[16] = {};
     parms[0] = 2.5;
     for (double d : {1.0, -1.0}) {
@@ -47,7 +49,8 @@ TEST(VerticalOffset, AddsTheOffsetInTheDirectionOfTheSystems) {
 // -0.343 m, inclinations -0.007" in latitude and -0.016" in longitude, on ETRS89.
 struct Slope {
     double parms[16] = {};
-    Slope() {
+    Slope()
+    {
         parms[0] = -0.343;
         parms[2] = (16.0 + 22.0 / 60.0) * kDeg;
         parms[6] = (45.0 + 21.0 / 60.0) * kDeg;
@@ -57,7 +60,8 @@ struct Slope {
 };
 
 // Points in degrees over Croatia (the unit factor turns them to radians).
-std::vector<double> croatia() {
+std::vector<double> croatia()
+{
     std::vector<double> p;
     for (int i = 0; i < 40; ++i)
         for (int j = 0; j < 30; ++j) {
@@ -67,7 +71,8 @@ std::vector<double> croatia() {
     return p;
 }
 
-TEST(VerticalOffsetSlope, MatchesProjVertoffset) {
+TEST(VerticalOffsetSlope, MatchesProjVertoffset)
+{
 #ifndef GX_HAVE_PROJ
     GTEST_SKIP() << "PROJ is not available: the comparison with it is skipped";
 #else
@@ -104,7 +109,8 @@ TEST(VerticalOffsetSlope, MatchesProjVertoffset) {
 
 // Depths against heights: the direction product turns the height before the offset and the
 // slope are applied, and the inverse undoes it; without points there is nothing to do.
-TEST(VerticalOffsetSlope, DirectionProductAndMissingPoints) {
+TEST(VerticalOffsetSlope, DirectionProductAndMissingPoints)
+{
     const Slope slope;
     std::vector<double> points = {18.0, 44.0};
     std::vector<double> up = {120.0}, down = {120.0};
