@@ -37,9 +37,12 @@ Mat3 exact_inverse(const Mat3 &m)
 
 Helmert make_helmert(const double parms[16], const Vec3 &origin)
 {
-    const Mat3 rotation = frame_rotation(parms[kRx], parms[kRy], parms[kRz]);
-    const Real scale = 1.0L + parms[kScale];
-    const RVec3 translation = {parms[kTx], parms[kTy], parms[kTz]};
+    const Mat3 rotation =
+        frame_rotation(parms[shift_slot::x_rotation], parms[shift_slot::y_rotation],
+                       parms[shift_slot::z_rotation]);
+    const Real scale = 1.0L + parms[shift_slot::scale_difference];
+    const RVec3 translation = {parms[shift_slot::x_translation], parms[shift_slot::y_translation],
+                               parms[shift_slot::z_translation]};
     Helmert t;
     t.forward = scale * rotation;
     t.inverse = (1.0L / scale) * exact_inverse(rotation);

@@ -1,6 +1,6 @@
-// gx_datum_shift.h -- what the formula-based datum shifts share: the slots of the parameter
-// vector, the finishing rule of every shifted point, the per-point geocentric round trip of the
-// Helmert family and the loop of the two Molodensky formulas.
+// gx_datum_shift.h -- what the formula-based datum shifts share: the finishing rule of every
+// shifted point, the per-point geocentric round trip of the Helmert family and the loop of the two
+// Molodensky formulas.  The parameter vector is read by the slots of gx::shift_slot.
 //
 // Points are (longitude, latitude) pairs in radians about Greenwich; heights, when given, are
 // ellipsoidal heights in metres, otherwise 0 and the new height is dropped.
@@ -8,6 +8,7 @@
 #define GX_GEOGTRAN_GX_DATUM_SHIFT_H
 
 #include "gridex.h"
+#include "object/gx_slots.h"
 #include "projection/gx_math.h"
 
 #include <array>
@@ -15,24 +16,9 @@
 
 namespace gx::geogtran {
 
-// Slots of the parameter vector: translations (m), rotations (rad), scale difference (ratio)
-// and the rotation origin of Molodensky-Badekas (m).
-enum Slot : int {
-    kTx = 0,
-    kTy = 1,
-    kTz = 2,
-    kRx = 3,
-    kRy = 4,
-    kRz = 5,
-    kScale = 6,
-    kXp = 7,
-    kYp = 8,
-    kZp = 9,
-    kSlotCount = 16
-};
-
+namespace shift_slot = gx::shift_slot;
+using gx::parameter_slots;
 using gx::math::kHalfPi;
-using gx::math::kTol; // 2^-48
 
 struct Ellipsoid {
     double a;  // semi-major axis, metres
@@ -101,7 +87,14 @@ struct MolodenskyShift {
 inline MolodenskyShift molodensky_shift(Ellipsoid from, Ellipsoid to, const double parms[16])
 {
     const double f1 = flattening(from.e2), f2 = flattening(to.e2);
-    return {from.a, from.e2, f1, to.a - from.a, f2 - f1, parms[kTx], parms[kTy], parms[kTz]};
+    return {from.a,
+            from.e2,
+            f1,
+            to.a - from.a,
+            f2 - f1,
+            parms[shift_slot::x_translation],
+            parms[shift_slot::y_translation],
+            parms[shift_slot::z_translation]};
 }
 
 // A point with the translation resolved along its local north, east and up directions, and
@@ -167,10 +160,10 @@ inline int molodensky_reverse(gx_mth_rtn forward, const double ellipsoid1[2],
                               const double ellipsoid2[2], const double parms[16], int n,
                               double *points, double *heights)
 {
-    double back[kSlotCount] = {};
-    back[kTx] = -parms[kTx];
-    back[kTy] = -parms[kTy];
-    back[kTz] = -parms[kTz];
+    double back[parameter_slots] = {};
+    back[shift_slot::x_translation] = -parms[shift_slot::x_translation];
+    back[shift_slot::y_translation] = -parms[shift_slot::y_translation];
+    back[shift_slot::z_translation] = -parms[shift_slot::z_translation];
     return forward(ellipsoid2, ellipsoid1, back, nullptr, n, points, heights, nullptr, nullptr,
                    nullptr);
 }

@@ -8,7 +8,11 @@ using namespace gx::geogtran;
 
 namespace {
 
-Vec3 translation_of(const double parms[16]) { return {parms[kTx], parms[kTy], parms[kTz]}; }
+Vec3 translation_of(const double parms[16])
+{
+    return {parms[shift_slot::x_translation], parms[shift_slot::y_translation],
+            parms[shift_slot::z_translation]};
+}
 
 } // namespace
 

@@ -12,7 +12,9 @@ namespace {
 
 Helmert badekas_helmert(const double parms[16])
 {
-    return make_helmert(parms, {parms[kXp], parms[kYp], parms[kZp]});
+    return make_helmert(parms,
+                        {parms[shift_slot::x_rotation_origin], parms[shift_slot::y_rotation_origin],
+                         parms[shift_slot::z_rotation_origin]});
 }
 
 } // namespace

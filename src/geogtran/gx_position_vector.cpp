@@ -11,15 +11,15 @@ namespace {
 
 // The parameters with the rotations turned into their coordinate-frame form.
 struct FrameParameters {
-    double v[kSlotCount];
+    double v[parameter_slots];
 
     explicit FrameParameters(const double parms[16])
     {
-        for (int i = 0; i < kSlotCount; ++i)
+        for (int i = 0; i < parameter_slots; ++i)
             v[i] = parms[i];
-        v[kRx] = -v[kRx];
-        v[kRy] = -v[kRy];
-        v[kRz] = -v[kRz];
+        v[shift_slot::x_rotation] = -v[shift_slot::x_rotation];
+        v[shift_slot::y_rotation] = -v[shift_slot::y_rotation];
+        v[shift_slot::z_rotation] = -v[shift_slot::z_rotation];
     }
 };
 

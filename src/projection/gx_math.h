@@ -6,13 +6,17 @@
 #ifndef GX_PROJECTION_GX_MATH_H
 #define GX_PROJECTION_GX_MATH_H
 
+#include "util/gx_tolerance.h"
+
 #include <cmath>
 #include <complex>
 
 namespace gx::math {
 
-// The tolerance unit 2^-48 = 3.552713678800501e-15.
-inline constexpr double kTol = 0x1p-48;
+// The tolerance, as the mathematics uses it (defined once in gx_tolerance.h).
+using gx::eq;
+using gx::kTol;
+
 // The series threshold: below it the auxiliary latitudes and the meridian arc use series.
 inline constexpr double kSeriesE2 = 0.006884661117170036;
 inline constexpr double kHalfPi = 1.5707963267948966; // 0x3FF921FB54442D18
@@ -21,12 +25,6 @@ inline constexpr double kTwoPi = 6.283185307179586;
 inline constexpr double kQuarterPi = 0.7853981633974483;
 // Brent's tolerance on x, (pi/2) * 2^-48.
 inline constexpr double kZeroinTol = 5.580589596813811e-15;
-
-// x equals y within the library's relative tolerance (gx_eq).
-inline bool eq(double x, double y)
-{
-    return std::fabs(x - y) <= ((std::fabs(x) + std::fabs(y)) * 0.5 + 1.0) * kTol;
-}
 
 // The common guard of the "_wconst" conversions: the latitude is returned unchanged.
 inline bool auxlat_passthrough(double e2, double lat)

@@ -36,7 +36,7 @@ int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoi
 
 bool symmetric_parallels(const double parms[16])
 {
-    return eq(parms[kStandardParallel1], -parms[kStandardParallel2]);
+    return eq(parms[slot::standard_parallel_1], -parms[slot::standard_parallel_2]);
 }
 
 // The authalic function q = q_p sin(beta) of a latitude; beta = phi on the sphere (null block).
@@ -50,7 +50,7 @@ double authalic_q(double e2, const double *beta_block, double q_pole, double phi
 int cone_constants(const double sphere[2], const double parms[16], double *values)
 {
     const double a = sphere[0], e2 = sphere[1];
-    const double phi1 = parms[kStandardParallel1], phi2 = parms[kStandardParallel2];
+    const double phi1 = parms[slot::standard_parallel_1], phi2 = parms[slot::standard_parallel_2];
     double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
     if (block != nullptr)
         gx_beta_authalic_constants(e2, block, 0);
@@ -65,7 +65,7 @@ int cone_constants(const double sphere[2], const double parms[16], double *value
     else
         n = (m1 * m1 - m2 * m2) / (q2 - q1);
     const double c = m1 * m1 + n * q1;
-    const double q0 = authalic_q(e2, block, q_pole, parms[kLatitudeOfOrigin]);
+    const double q0 = authalic_q(e2, block, q_pole, parms[slot::latitude_of_origin]);
     values[0] = a * std::sqrt(std::max(0.0, c - n * q0)) / n;
     values[1] = c;
     values[2] = n;
@@ -79,7 +79,7 @@ class AlbersCone {
 public:
     AlbersCone(const double sphere[2], const double parms[16], const int *ivals,
                const double *dvals)
-        : a_(sphere[0]), e2_(sphere[1]), lam0_(parms[kCentralMeridian])
+        : a_(sphere[0]), e2_(sphere[1]), lam0_(parms[slot::central_meridian])
     {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {

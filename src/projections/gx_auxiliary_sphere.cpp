@@ -10,8 +10,8 @@ namespace gx::projections {
 namespace {
 
 constexpr int kMaxBaseConstants = 8;
-constexpr int kLatitudeSlots[] = {kStandardParallel1, kStandardParallel2, kLatitudeOfOrigin,
-                                  kLatitudeOfCenter};
+constexpr int kLatitudeSlots[] = {slot::standard_parallel_1, slot::standard_parallel_2,
+                                  slot::latitude_of_origin, slot::latitude_of_center};
 
 // The sphere one call works on, with the parameters moved onto it.
 class AuxiliarySphere {
@@ -23,7 +23,7 @@ public:
         sphere_[0] = type == 0 ? a : type == 1 ? a * std::sqrt(1.0 - e2_) : gx_auth_r(a, e2_);
         sphere_[1] = 0.0;
         authalic_latitude_ = type == 3;
-        for (int i = 0; i < kSlotCount; ++i)
+        for (int i = 0; i < gx::parameter_slots; ++i)
             parms_[i] = parms[i];
     }
 
@@ -58,7 +58,7 @@ public:
 private:
     double e2_;
     double sphere_[2];
-    double parms_[kSlotCount];
+    double parms_[gx::parameter_slots];
     bool authalic_latitude_ = false;
     double local_block_[GX_BETA_BLOCK_LEN] = {};
     const double *block_ = nullptr;
@@ -80,7 +80,7 @@ const double *take_constants(const AuxiliarySphereBase &base, AuxiliarySphere &a
 
 int auxiliary_sphere_type(const double parms[16])
 {
-    const double value = std::round(parms[kAuxiliarySphereType] + 0.001);
+    const double value = std::round(parms[slot::auxiliary_sphere_type] + 0.001);
     return value >= 1.0 && value <= 3.0 ? static_cast<int>(value) : 0;
 }
 

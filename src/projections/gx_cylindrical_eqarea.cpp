@@ -30,7 +30,7 @@ int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoi
 // The constants, or 0 when the standard parallel is at a pole.
 int cylindrical_eqarea_constants(const double sphere[2], const double parms[16], double *values)
 {
-    const double a = sphere[0], e2 = sphere[1], phi_s = parms[kStandardParallel1];
+    const double a = sphere[0], e2 = sphere[1], phi_s = parms[slot::standard_parallel_1];
     if (at_pole(phi_s))
         return 0;
     const double k = std::cos(phi_s) / gx_w(e2, phi_s);
@@ -47,7 +47,7 @@ class CylindricalEqualArea {
 public:
     CylindricalEqualArea(const double sphere[2], const double parms[16], const int *ivals,
                          const double *dvals)
-        : e2_(sphere[1]), lam0_(parms[kCentralMeridian])
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian])
     {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {

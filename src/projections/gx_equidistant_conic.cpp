@@ -46,13 +46,13 @@ double meridian_arc(double e2, const double *mu_block, double rect_radius, doubl
 int equidistant_conic_constants(const double sphere[2], const double parms[16], double *values)
 {
     const double a = sphere[0], e2 = sphere[1];
-    const double phi1 = parms[kStandardParallel1], phi2 = parms[kStandardParallel2];
+    const double phi1 = parms[slot::standard_parallel_1], phi2 = parms[slot::standard_parallel_2];
     double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
     if (block != nullptr)
         gx_mu_rectifying_constants(e2, block, 0);
     const double rect_radius = gx_rect_r(a, e2);
     const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
-    const double arc0 = meridian_arc(e2, block, rect_radius, parms[kLatitudeOfOrigin]);
+    const double arc0 = meridian_arc(e2, block, rect_radius, parms[slot::latitude_of_origin]);
     const double arc1 = meridian_arc(e2, block, rect_radius, phi1);
     const double arc2 = meridian_arc(e2, block, rect_radius, phi2);
     if (eq(phi1, -phi2)) {
@@ -76,7 +76,7 @@ class EquidistantConic {
 public:
     EquidistantConic(const double sphere[2], const double parms[16], const int *ivals,
                      const double *dvals)
-        : e2_(sphere[1]), lam0_(parms[kCentralMeridian])
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian])
     {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {

@@ -17,9 +17,9 @@ using namespace gx::projections;
 constexpr double near_unity = 0.9999999999999964; // 1 less 16 units in the last place
 
 // Slots of the parameter array that the transverse Mercator reads.
-constexpr int central_meridian = kCentralMeridian;
-constexpr int scale_factor = kScaleFactor;
-constexpr int latitude_of_origin = kLatitudeOfOrigin;
+constexpr int central_meridian = slot::central_meridian;
+constexpr int scale_factor = slot::scale_factor;
+constexpr int latitude_of_origin = slot::latitude_of_origin;
 
 // Layout of the ellipsoidal constants.
 constexpr int c_second_ecc2 = 0; // e'^2 = e2 / (1 - e2)

@@ -47,7 +47,7 @@ enum class Shape { Cone, Mercator, PolarStereographic, Undefined };
 
 Shape shape_of(const double parms[16])
 {
-    const double phi1 = parms[kStandardParallel1], phi2 = parms[kStandardParallel2];
+    const double phi1 = parms[slot::standard_parallel_1], phi2 = parms[slot::standard_parallel_2];
     const bool pole1 = at_pole(phi1), pole2 = at_pole(phi2);
     if (pole1 || pole2)
         return pole1 && pole2 && eq(phi1, phi2) ? Shape::PolarStereographic : Shape::Undefined;
@@ -66,13 +66,13 @@ double lambert_t(double e2, const double *chi_block, double phi)
 int cone_constants(const double sphere[2], const double parms[16], double *values)
 {
     const double a = sphere[0], e2 = sphere[1];
-    const double phi1 = parms[kStandardParallel1], phi2 = parms[kStandardParallel2];
+    const double phi1 = parms[slot::standard_parallel_1], phi2 = parms[slot::standard_parallel_2];
     double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
     if (block != nullptr)
         gx_chi_conformal_constants(e2, block, 0);
     const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
     const double t1 = lambert_t(e2, block, phi1), t2 = lambert_t(e2, block, phi2);
-    const double t0 = std::fabs(lambert_t(e2, block, parms[kLatitudeOfOrigin]));
+    const double t0 = std::fabs(lambert_t(e2, block, parms[slot::latitude_of_origin]));
     const double n = eq(phi1, phi2) ? std::sin(phi1)
                                     : (std::log(m1) - std::log(m2)) / (std::log(t1) - std::log(t2));
     const double a_f = a * m1 / (n * std::pow(t1, n));
@@ -90,7 +90,7 @@ class LambertCone {
 public:
     LambertCone(const double sphere[2], const double parms[16], const int *ivals,
                 const double *dvals)
-        : e2_(sphere[1]), lam0_(parms[kCentralMeridian]), k0_(parms[kScaleFactor])
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian]), k0_(parms[slot::scale_factor])
     {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {
@@ -143,23 +143,23 @@ public:
             p = 0.0;
         if (shape == Shape::Mercator) {
             // the false offsets, the central meridian and the standard parallel
-            for (int i = 0; i <= kStandardParallel1; ++i)
+            for (int i = 0; i <= slot::standard_parallel_1; ++i)
                 parms_[i] = parms[i];
             forward_ = gx_mercator_fwd;
             inverse_ = gx_mercator_inv;
             constants_ = gx_mercator_const;
-            scale_ = parms[kScaleFactor];
+            scale_ = parms[slot::scale_factor];
         } else {
-            for (int i = 0; i < kSlotCount; ++i)
+            for (int i = 0; i < gx::parameter_slots; ++i)
                 parms_[i] = parms[i];
-            parms_[kLatitudeOfOrigin] = parms[kStandardParallel1];
+            parms_[slot::latitude_of_origin] = parms[slot::standard_parallel_1];
             forward_ = gx_stereographic_fwd;
             inverse_ = gx_stereographic_inv;
             constants_ = gx_stereographic_const;
         }
-        const double phi0 = parms[kLatitudeOfOrigin];
-        if (!eq(phi0, parms_[kLatitudeOfOrigin])) {
-            double origin[2] = {parms[kCentralMeridian], phi0};
+        const double phi0 = parms[slot::latitude_of_origin];
+        if (!eq(phi0, parms_[slot::latitude_of_origin])) {
+            double origin[2] = {parms[slot::central_meridian], phi0};
             origin_ok_ = forward_(sphere_, parms_, 1, origin, ivals_, dvals_) == 1;
             origin_northing_ = origin[1];
         }
@@ -203,7 +203,7 @@ private:
     const double *sphere_;
     const int *ivals_;
     const double *dvals_;
-    double parms_[kSlotCount];
+    double parms_[gx::parameter_slots];
     gx_prj_rtn forward_ = nullptr, inverse_ = nullptr;
     gx_pcsconst_rtn constants_ = nullptr;
     double scale_ = 1.0; // k0 of the Mercator limit; stereographic carries its own

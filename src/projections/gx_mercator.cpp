@@ -34,7 +34,7 @@ int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoi
 int mercator_constants(const double sphere[2], const double parms[16], double *values,
                        int block_flags)
 {
-    const double a = sphere[0], e2 = sphere[1], phi1 = parms[kStandardParallel1];
+    const double a = sphere[0], e2 = sphere[1], phi1 = parms[slot::standard_parallel_1];
     if (is_sphere(e2)) {
         values[0] = std::cos(phi1);
         values[1] = a * values[0];
@@ -59,7 +59,7 @@ class Mercator {
 public:
     Mercator(const double sphere[2], const double parms[16], const int *ivals, const double *dvals,
              int block_flags)
-        : e2_(sphere[1]), lam0_(parms[kCentralMeridian])
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian])
     {
         const double *values = given_constants(ivals, dvals, constants_count(e2_));
         if (values == nullptr) {

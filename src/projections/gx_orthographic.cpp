@@ -23,8 +23,8 @@ constexpr int kCount = 2;
 
 int orthographic_constants(const double * /*sphere*/, const double parms[16], double *values)
 {
-    values[0] = std::cos(parms[kLatitudeOfCenter]);
-    values[1] = std::sin(parms[kLatitudeOfCenter]);
+    values[0] = std::cos(parms[slot::latitude_of_center]);
+    values[1] = std::sin(parms[slot::latitude_of_center]);
     return kCount;
 }
 
@@ -40,7 +40,7 @@ public:
             orthographic_constants(sphere, parms, local);
             values = local;
         }
-        center_ = {parms[kLongitudeOfCenter], values[0], values[1]};
+        center_ = {parms[slot::longitude_of_center], values[0], values[1]};
     }
 
     bool forward(double *point) const

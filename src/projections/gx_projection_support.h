@@ -1,16 +1,40 @@
-// gx_projection_support.h -- small pieces shared by the projection routines.
+// gx_projection_support.h -- what every projection shares: the three exported routines written
+// once over a projection's core, and the small pieces of its formulas (pole pull-in, failed
+// points, the authalic q at the pole).
 //
 // Every projection works on the same canonical call frame: the ellipsoid pair {a, e2}, sixteen
-// parameter slots in radians and metres, n (x, y) points converted in place, and the arrays of a
-// constants container computed once by the projection's setup routine.  This header names the
-// slots, holds the pole pull-in and the marking of failed points, and stores a projection's
-// constants record ({2, count} in ivals, the values in dvals) in its container.
+// parameter slots in radians and metres (gx::slot names them), n (x, y) points converted in
+// place, and the arrays of a constants container computed once by the projection's setup
+// routine: {2, count} in ivals and the values in dvals.
+//
+// A projection's source holds only its mathematics, as a core class P:
+//
+//   struct P : ConstantsLayout<SphereCount, EllipsoidCount> {      (or NoConstants)
+//       static int constants(const double sphere[2], const double parms[16], double *values);
+//       P(const double sphere[2], const double parms[16], const double *values);
+//       void forward(double *point) const;       (or bool: false fails the point, it becomes NaN)
+//       void inverse(double *point) const;       (likewise)
+//   };
+//
+// constants() fills at most kMaxConstants values and returns their count (0: the parameters give
+// no projection, and nothing converts); a core whose per-call constants depend on the direction
+// may instead define constants(sphere, parms, values, Pass).  The constructor receives the record
+// from the container when one was loaded and has the expected count, else one computed for the
+// call (null for NoConstants).  A core may hide ConstantsLayout's count() when its record's
+// length depends on more than the sphere, and valid() when some parameters give no projection.
+// Then one line exports gx_<stem>_const, gx_<stem>_fwd and gx_<stem>_inv:
+//
+//   GX_DEFINE_PROJECTION_ROUTINES(stem, P)            (GX_DEFINE_PER_CALL_PROJECTION_ROUTINES for
+//                                                      a projection without a constants setup)
 #ifndef GX_PROJECTIONS_GX_PROJECTION_SUPPORT_H
 #define GX_PROJECTIONS_GX_PROJECTION_SUPPORT_H
 
 #include "gridex.h"
+#include "object/gx_slots.h"
 #include "projection/gx_math.h"
+#include "util/gx_tolerance.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -18,37 +42,18 @@
 
 namespace gx::projections {
 
+namespace slot = gx::slot;
+using gx::eq;
+using gx::is_sphere;
+using gx::kTol;
 using math::kHalfPi;
 using math::kPi;
 using math::kQuarterPi;
-using math::kTol;
-
-// The meaning of each slot of the parameter array.
-enum Slot : int {
-    kFalseEasting = 0,
-    kFalseNorthing = 1,
-    kCentralMeridian = 2,
-    kStandardParallel1 = 3,
-    kStandardParallel2 = 4,
-    kScaleFactor = 5,
-    kLatitudeOfOrigin = 6,
-    kAzimuth = 7,
-    kLongitudeOfCenter = 10,
-    kLatitudeOfCenter = 11,
-    kAuxiliarySphereType = 12,
-};
-inline constexpr int kSlotCount = 16;
 
 // pi/2 less 25 units in the last place: a pole is moved here so that tan(phi) and the isometric
 // latitude stay finite and a pole maps to a large but finite coordinate.
 inline constexpr double kPoleLatitude = 1.570796326794891;
 static_assert(std::bit_cast<std::uint64_t>(kPoleLatitude) == 0x3FF921FB54442CFFu);
-
-// e2 this small is a sphere.
-inline bool is_sphere(double e2) { return e2 <= kTol; }
-
-// x equals y within the library's relative tolerance.
-inline bool eq(double x, double y) { return math::eq(x, y); }
 
 // A latitude at a pole within the tolerance, or beyond it.
 inline bool at_pole(double phi) { return std::fabs(phi) >= kHalfPi || eq(std::fabs(phi), kHalfPi); }
@@ -116,6 +121,96 @@ inline const double *given_constants(const int *ivals, const double *dvals, int 
 // or memory runs out.
 int store_constants(gx_constants *constants, const double *values, int count);
 
+// ---- the routines of a projection core -------------------------------------------------------
+
+// The direction a call converts in.
+enum class Pass { Forward, Inverse };
+
+// The length of a core's constants record: SphereCount values on a sphere, EllipsoidCount on an
+// ellipsoid.  Every parameter set gives a projection.
+template <int SphereCount, int EllipsoidCount = SphereCount> struct ConstantsLayout {
+    static constexpr int kSphereCount = SphereCount;
+    static constexpr int kEllipsoidCount = EllipsoidCount;
+    static constexpr int kMaxConstants = std::max(SphereCount, EllipsoidCount);
+    static int count(const double sphere[2], const double * /*parms*/)
+    {
+        return is_sphere(sphere[1]) ? SphereCount : EllipsoidCount;
+    }
+    bool valid() const { return true; }
+};
+
+// A core that computes everything per call: no constants record.
+struct NoConstants {
+    static constexpr int kMaxConstants = 0;
+    bool valid() const { return true; }
+};
+
+// The constants of a core, for both directions or for one.
+template <class P>
+int core_constants(const double sphere[2], const double parms[16], double *values, Pass pass)
+{
+    if constexpr (requires { P::constants(sphere, parms, values, pass); })
+        return P::constants(sphere, parms, values, pass);
+    else
+        return P::constants(sphere, parms, values);
+}
+
+// gx_<stem>_const: the core's constants stored in the container; 0 when they cannot be made.
+template <class P>
+int projection_setup(gx_constants *constants, const double sphere[2], const double parms[16])
+{
+    double values[P::kMaxConstants];
+    return store_constants(constants, values, P::constants(sphere, parms, values));
+}
+
+// gx_<stem>_fwd and gx_<stem>_inv: n points converted in place by one core built for the call,
+// from the given constants when they fit its layout, else from constants computed here.
+template <class P>
+int projection_run(Pass pass, const double sphere[2], const double parms[16], int n, double *coords,
+                   const int *ivals, const double *dvals)
+{
+    const double *values = nullptr;
+    double local[std::max(P::kMaxConstants, 1)];
+    if constexpr (P::kMaxConstants > 0) {
+        values = given_constants(ivals, dvals, P::count(sphere, parms));
+        if (values == nullptr) {
+            if (core_constants<P>(sphere, parms, local, pass) < 1)
+                return 0;
+            values = local;
+        }
+    }
+    const P projection(sphere, parms, values);
+    if (!projection.valid())
+        return 0;
+    if (pass == Pass::Forward)
+        return convert_points(n, coords, [&](double *p) { return projection.forward(p); });
+    return convert_points(n, coords, [&](double *p) { return projection.inverse(p); });
+}
+
 } // namespace gx::projections
+
+// The exported routines of a projection over its core P (inside the source's anonymous
+// namespace or at file scope).
+#define GX_DEFINE_PER_CALL_PROJECTION_ROUTINES(stem, P)                                            \
+    extern "C" GX_API int gx_##stem##_fwd(const double sphere[2], const double parms[16], int n,   \
+                                          double *coords, const int *ivals, const double *dvals)   \
+    {                                                                                              \
+        return gx::projections::projection_run<P>(gx::projections::Pass::Forward, sphere, parms,   \
+                                                  n, coords, ivals, dvals);                        \
+    }                                                                                              \
+    extern "C" GX_API int gx_##stem##_inv(const double sphere[2], const double parms[16], int n,   \
+                                          double *coords, const int *ivals, const double *dvals)   \
+    {                                                                                              \
+        return gx::projections::projection_run<P>(gx::projections::Pass::Inverse, sphere, parms,   \
+                                                  n, coords, ivals, dvals);                        \
+    }
+
+#define GX_DEFINE_PROJECTION_ROUTINES(stem, P)                                                     \
+    extern "C" GX_API int gx_##stem##_const(gx_constants *constants, const double sphere[2],       \
+                                            const double parms[16])                                \
+    {                                                                                              \
+        return gx::projections::projection_setup<P>(constants, sphere, parms);                     \
+    }                                                                                              \
+    GX_DEFINE_PER_CALL_PROJECTION_ROUTINES(stem, P)
 
 #endif // GX_PROJECTIONS_GX_PROJECTION_SUPPORT_H

@@ -29,11 +29,7 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kSphereCount = 3;
-constexpr int kEllipsoidCount = 19;
 constexpr int kBlockOffset = 3;
-
-int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
 
 // sqrt((1 + e)^(1 + e) (1 - e)^(1 - e)), the polar radius factor of the conformal sphere
 double polar_conformal_factor(double e)
@@ -41,54 +37,45 @@ double polar_conformal_factor(double e)
     return std::exp(0.5 * ((1.0 + e) * std::log1p(e) + (1.0 - e) * std::log1p(-e)));
 }
 
-int stereographic_constants(const double sphere[2], const double parms[16], double *values)
-{
-    const double a = sphere[0], e2 = sphere[1];
-    const double phi0 = parms[kLatitudeOfOrigin], a_k0 = a * parms[kScaleFactor];
-    const bool polar = at_pole(phi0);
-    if (is_sphere(e2)) {
-        values[0] = polar ? 0.0 : std::cos(phi0);
-        values[1] = polar ? std::copysign(1.0, phi0) : std::sin(phi0);
-        values[2] = 2.0 * a_k0;
-        return kSphereCount;
-    }
-    double *block = values + kBlockOffset;
-    gx_chi_conformal_constants(e2, block, 0);
-    if (polar) {
-        values[0] = 0.0;
-        values[1] = std::copysign(1.0, phi0);
-        values[2] = 2.0 * a_k0 / polar_conformal_factor(std::sqrt(e2));
-    } else {
-        const double chi0 = gx_phi_to_chi_wconst(e2, phi0, block);
-        const double m0 = std::cos(phi0) / gx_w(e2, phi0);
-        values[0] = std::cos(chi0);
-        values[1] = std::sin(chi0);
-        values[2] = 2.0 * a_k0 * m0 / values[0];
-    }
-    return kEllipsoidCount;
-}
-
-class Stereographic {
+class Stereographic : public ConstantsLayout<3, 19> {
 public:
-    Stereographic(const double sphere[2], const double parms[16], const int *ivals,
-                  const double *dvals)
-        : e2_(sphere[1])
+    static int constants(const double sphere[2], const double parms[16], double *values)
     {
-        const double *values = given_constants(ivals, dvals, constants_count(e2_));
-        if (values == nullptr) {
-            stereographic_constants(sphere, parms, local_);
-            values = local_;
+        const double a = sphere[0], e2 = sphere[1];
+        const double phi0 = parms[slot::latitude_of_origin], a_k0 = a * parms[slot::scale_factor];
+        const bool polar = at_pole(phi0);
+        if (is_sphere(e2)) {
+            values[0] = polar ? 0.0 : std::cos(phi0);
+            values[1] = polar ? std::copysign(1.0, phi0) : std::sin(phi0);
+            values[2] = 2.0 * a_k0;
+            return kSphereCount;
         }
-        center_ = {parms[kCentralMeridian], values[0], values[1]};
-        two_radius_ = values[2];
-        chi_block_ = is_sphere(e2_) ? nullptr : values + kBlockOffset;
+        double *block = values + kBlockOffset;
+        gx_chi_conformal_constants(e2, block, 0);
+        if (polar) {
+            values[0] = 0.0;
+            values[1] = std::copysign(1.0, phi0);
+            values[2] = 2.0 * a_k0 / polar_conformal_factor(std::sqrt(e2));
+        } else {
+            const double chi0 = gx_phi_to_chi_wconst(e2, phi0, block);
+            const double m0 = std::cos(phi0) / gx_w(e2, phi0);
+            values[0] = std::cos(chi0);
+            values[1] = std::sin(chi0);
+            values[2] = 2.0 * a_k0 * m0 / values[0];
+        }
+        return kEllipsoidCount;
     }
+
+    Stereographic(const double sphere[2], const double parms[16], const double *values)
+        : e2_(sphere[1]), center_{parms[slot::central_meridian], values[0], values[1]},
+          two_radius_(values[2]), chi_block_(is_sphere(e2_) ? nullptr : values + kBlockOffset)
+    {}
 
     bool forward(double *point) const
     {
         const AzimuthalView view = view_from_center(center_, point[0], conformal(point[1]));
         const double one_plus_cos_c = 1.0 + view.cos_c;
-        if (!(one_plus_cos_c > kTol))
+        if (!(one_plus_cos_c > gx::kTol))
             return false; // the point opposite the origin
         const double scale = two_radius_ / one_plus_cos_c;
         point[0] = scale * view.east;
@@ -118,40 +105,22 @@ private:
         return chi_block_ ? gx_chi_to_phi_wconst(e2_, chi, chi_block_) : chi;
     }
 
-    double e2_, two_radius_ = 0.0;
-    AzimuthalCenter center_{};
-    const double *chi_block_ = nullptr;
-    double local_[kEllipsoidCount] = {};
+    double e2_;
+    AzimuthalCenter center_;
+    double two_radius_;
+    const double *chi_block_;
 };
-
-const AuxiliarySphereBase kStereographicBase = {gx_stereographic_fwd, gx_stereographic_inv,
-                                                stereographic_constants, kSphereCount};
 
 } // namespace
 
+GX_DEFINE_PROJECTION_ROUTINES(stereographic, Stereographic)
+
+namespace {
+const AuxiliarySphereBase kStereographicBase = {gx_stereographic_fwd, gx_stereographic_inv,
+                                                Stereographic::constants,
+                                                Stereographic::kSphereCount};
+} // namespace
+
 extern "C" {
-
-GX_API int gx_stereographic_const(gx_constants *constants, const double sphere[2],
-                                  const double parms[16])
-{
-    double values[kEllipsoidCount];
-    return store_constants(constants, values, stereographic_constants(sphere, parms, values));
-}
-
-GX_API int gx_stereographic_fwd(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals)
-{
-    const Stereographic projection(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { return projection.forward(p); });
-}
-
-GX_API int gx_stereographic_inv(const double sphere[2], const double parms[16], int n,
-                                double *coords, const int *ivals, const double *dvals)
-{
-    const Stereographic projection(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
-}
-
 GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stereographic, kStereographicBase)
-
-} // extern "C"
+}

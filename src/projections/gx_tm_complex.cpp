@@ -62,9 +62,9 @@ using namespace gx::projections;
 using cplx = std::complex<double>;
 
 // Slots of the parameter array that the transverse Mercator reads.
-constexpr int central_meridian = kCentralMeridian;
-constexpr int scale_factor = kScaleFactor;
-constexpr int latitude_of_origin = kLatitudeOfOrigin;
+constexpr int central_meridian = slot::central_meridian;
+constexpr int scale_factor = slot::scale_factor;
+constexpr int latitude_of_origin = slot::latitude_of_origin;
 
 // Layout of the ellipsoidal constants.
 constexpr int c_scale = 0;           // a k0
