@@ -587,7 +587,7 @@ typedef struct gx_projlist_entry {
     const char *authority; /* "TAVU" */
     const char *version;   /* "9.3.0" */
     const char *name;      /* WKT name */
-    gx_prj_rtn forward;
+    gx_prj_rtn forward;    /* both null for a projection whose formulas the library lacks */
     gx_prj_rtn inverse;
     gx_horizon_rtn horizon;
     gx_horizon_rtn horizon_pcs;
@@ -651,8 +651,9 @@ GX_API int gx_parameter_vtmethod_defaults(const gx_vtmethod *vtmethod, gx_parame
  * meridian; projected ones easting and northing in the CS's linear unit, false offsets
  * included.  The result is the number of points converted; a point that fails has both
  * coordinates set to NaN.  When no point converts, the input is given back unchanged (a
- * latitude beyond a pole stays clamped to the pole).  The projection's constants are computed
- * on first use and cached in the CS; conversions then allocate nothing.
+ * latitude beyond a pole stays clamped to the pole).  A projection without routines (one whose
+ * formulas the library lacks) converts nothing: 0, the points untouched.  The projection's
+ * constants are computed on first use and cached in the CS; conversions then allocate nothing.
  * ========================================================================================== */
 
 GX_API int gx_geog_to_proj(gx_projcs *projcs, int n, double *coords);

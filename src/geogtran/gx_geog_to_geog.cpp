@@ -11,21 +11,19 @@
 //     Greenwich longitudes as they come: a grid is bound to its own datum's meridian;
 //   - the formula methods take the transformation's parameters, rotations converted from
 //     arc-seconds and the scale difference from parts per million.
-#include "gridex.h"
+#include "object/gx_registry.h"
+#include "projection/gx_math.h"
 
 namespace {
 
-constexpr double radians_per_degree = 0.017453292519943295;
-constexpr double radians_per_arc_second = 4.84813681109536e-6;
+using gx::math::kRadiansPerArcSecond;
+using gx::math::kRadiansPerDegree;
+namespace shift_slot = gx::shift_slot;
+
 constexpr double per_million = 1e-6;
 
 constexpr int longitude_rotation = 9601;
-constexpr int nadcon = 9613;
-constexpr int ntv2 = 9615;
-constexpr int harn = 109613;
-
-constexpr int rotation_slot = 5; // where a longitude rotation takes its angle
-constexpr int dataset_slot = 15;
+constexpr int rotation_slot = shift_slot::z_rotation; // where a longitude rotation takes its angle
 
 // One of the transformation's geographic systems, as the points and the routines see it.
 struct geographic_side {
@@ -40,21 +38,24 @@ geographic_side side_of(const gx_geogcs *cs)
     const gx_spheroid *spheroid = gx_datum_spheroid(gx_geogcs_datum(cs));
     const double f = gx_spheroid_flattening(spheroid);
     return {{gx_spheroid_axis(spheroid), (2.0 - f) * f},
-            gx_primem_longitude(gx_geogcs_primem(cs)) * radians_per_degree,
+            gx_primem_longitude(gx_geogcs_primem(cs)) * kRadiansPerDegree,
             gx_unit_factor(gx_geogcs_unit(cs)),
             false};
 }
 
 // Everything the method routine receives besides the ellipsoids and the points.
 struct method_input {
-    double parms[16] = {};
+    double parms[gx::parameter_slots] = {};
     char dataset[GX_NAME_LEN] = {}; // the grid methods' dataset name
     const int *ivals = nullptr;
     const float *fvals = nullptr;
     const double *dvals = nullptr;
 };
 
-bool is_grid_method(int code) { return code == nadcon || code == ntv2 || code == harn; }
+bool is_grid_method(int code)
+{
+    return gx::is_grid_method(gx::properties_of(gx_methlist_from_code(code)));
+}
 
 // The rotation from the first meridian to the second, or back.  False when the two systems are
 // not on one datum: a rotation cannot shift a datum.
@@ -76,7 +77,7 @@ bool prepare_grid(gx_geogtran *gt, method_input &input)
     if (!gx_geogtran_isconstloaded(gt))
         gx_geogtran_load_constants(gt);
     const gx_constants *constants = gx_geogtran_constants(gt);
-    gx_parameter_name(gx_geogtran_parameters(gt)[dataset_slot], input.dataset);
+    gx_parameter_name(gx_geogtran_parameters(gt)[shift_slot::dataset], input.dataset);
     if (constants == nullptr || input.dataset[0] == '\0')
         return false;
     input.ivals = gx_constants_ivals(constants);
@@ -91,11 +92,11 @@ void prepare_formula(gx_geogtran *gt, geographic_side &side1, geographic_side &s
                      method_input &input)
 {
     gx_parameter **parameters = gx_geogtran_parameters(gt);
-    for (int slot = 0; slot < 16; ++slot)
+    for (int slot = 0; slot < gx::parameter_slots; ++slot)
         input.parms[slot] = gx_parameter_value(parameters[slot]);
-    for (int slot = 3; slot <= 5; ++slot)
-        input.parms[slot] *= radians_per_arc_second;
-    input.parms[6] *= per_million;
+    for (int slot : {shift_slot::x_rotation, shift_slot::y_rotation, shift_slot::z_rotation})
+        input.parms[slot] *= kRadiansPerArcSecond;
+    input.parms[shift_slot::scale_difference] *= per_million;
     side1.shift = side1.prime_meridian != 0.0;
     side2.shift = side2.prime_meridian != 0.0;
 }

@@ -29,7 +29,7 @@ bool array_equal(const gx_object_header *a, const gx_object_header *b)
     if (gx_strcmp_ci(a->name, b->name) != 0 || aa->num_values != ab->num_values)
         return false;
     for (int i = 0; i < aa->num_values; ++i)
-        if (!gx::within_tolerance(aa->values[i], ab->values[i]))
+        if (!gx::eq(aa->values[i], ab->values[i]))
             return false;
     return true;
 }

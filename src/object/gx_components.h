@@ -1,9 +1,10 @@
 // gx_components.h -- internal: records and parsers of the geodetic component types (spheroid,
-// prime meridian, datum, parameter, array).
+// prime meridian, datum, parameter, array, projection).
 #ifndef GX_COMPONENTS_H
 #define GX_COMPONENTS_H
 
 #include "object/gx_core.h"
+#include "object/gx_slots.h"
 #include "object/gx_wkt.h"
 
 // ---- records ------------------------------------------------------------------------------------
@@ -35,6 +36,20 @@ struct gx_parameter {
     double value; // in the units of the system or method that holds the parameter
 };
 
+// A map projection: its name and the seven routines of its registry row.  A projected CS holds
+// one and calls its routines through the conversion driver.
+struct gx_projection {
+    gx_object_header header;
+    gx_authority *auth;
+    gx_prj_rtn forward;
+    gx_prj_rtn inverse;
+    gx_horizon_rtn horizon;
+    gx_horizon_rtn horizon_pcs;
+    gx_horizon_rtn horizon_gcs_raster;
+    gx_horizon_rtn horizon_pcs_raster;
+    gx_pcsconst_rtn pcsconstfunc;
+};
+
 // A named run of doubles (the values of a grid-based method, for example).  Arrays carry no code.
 struct gx_array {
     gx_object_header header;
@@ -49,6 +64,7 @@ extern const type_desc primem_desc;
 extern const type_desc datum_desc;
 extern const type_desc parameter_desc;
 extern const type_desc array_desc;
+extern const type_desc projection_desc;
 
 // The parsers, for the types whose text holds these objects (a geogcs holds a datum and a
 // prime meridian, a projcs parameters, ...).
@@ -62,6 +78,22 @@ gx_object_header *parameter_from_tokens(const gx_token_list *list, int start, in
                                         gx_err_rec *err);
 gx_object_header *array_from_tokens(const gx_token_list *list, int start, int *next,
                                     gx_err_rec *err);
+gx_object_header *projection_from_tokens(const gx_token_list *list, int start, int *next,
+                                         gx_err_rec *err);
+
+// The registry row of a parameter name, as a WKT parser looks it up (without case; any name that
+// begins with "Dataset_" is the dataset parameter), or null.
+inline const gx_parmlist_entry *parameter_row(const char *name)
+{
+    return gx_parmlist_from_name(name);
+}
+
+// Whether objects of `type` (GX_TYPE_PROJCS, GX_TYPE_VERTCS, GX_TYPE_GEOGTRAN, GX_TYPE_VERTTRAN)
+// take the parameter of `row`.
+inline bool parameter_usable(const gx_parmlist_entry *row, unsigned int type)
+{
+    return row != nullptr && (row->usage & type) != 0;
+}
 
 } // namespace gx
 

@@ -6,7 +6,7 @@
 //
 // Projections use the gx_constants_* names, transformations the gx_gtconstants_* names; both
 // are the one implementation below, on the one record.
-#include "projection/gx_registry.h"
+#include "object/gx_core.h"
 
 struct gx_constants {
     unsigned int signature; // constants_signature while alive

@@ -6,7 +6,6 @@
 #define GX_COORDSYS_H
 
 #include "object/gx_components.h"
-#include "projection/gx_registry.h"
 
 #include <initializer_list>
 

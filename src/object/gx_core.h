@@ -11,6 +11,7 @@
 #define GX_CORE_H
 
 #include "gridex.h"
+#include "util/gx_tolerance.h"
 
 #include <cstddef>
 
@@ -100,10 +101,17 @@ gx_object_header *new_record(const type_desc &desc, const char *name, const char
 // Releases a record built by new_record and all it owns (the type's del).
 void delete_record(const type_desc &desc, void *obj);
 
-// ---- relative tolerance -------------------------------------------------------------------------
+// ---- owned arrays -------------------------------------------------------------------------------
 
-// |a - b| <= ((|a| + |b|) / 2 + 1) * 2^-48; never true for a NaN.
-bool within_tolerance(double a, double b);
+// The setter of an owned array in a constants record: releases the array held in `slot` (unless
+// it is the same) and takes `array` in its place.  Returns `array`.
+template <class Record, class T> T *replace_array(Record *rec, T *Record::*slot, T *array)
+{
+    if (rec->*slot != array)
+        gx_deallocate_rtn(rec->*slot);
+    rec->*slot = array;
+    return array;
+}
 
 // ---- error records ------------------------------------------------------------------------------
 

@@ -5,7 +5,7 @@
 //            PARAMETER["Z_Axis_Translation",183.0]]
 // A grid method's nodes are loaded once into the object's constants and kept until unloaded;
 // they go with the object and are never copied (a clone loads its own).
-#include "object/gx_types.h"
+#include "object/gx_registry.h"
 
 namespace {
 
@@ -97,65 +97,35 @@ void geogtran_write(const gx_object_header *obj, int options, gx::text_buf &out)
 
 // ---- the parameters a method takes ----------------------------------------------------------
 
-constexpr unsigned int slot_bits(int first, int last)
-{
-    unsigned int bits = 0;
-    for (int slot = first; slot <= last; ++slot)
-        bits |= 1u << slot;
-    return bits;
-}
-
-// The parameters of a row's methods as slot bits: those they need, and those they do not take.
-// A missing one is reported at the row's level -- a formula method still runs with a zero, a
-// grid method cannot run without its grid; a surplus one only ever warns.
-struct method_parameters {
-    int codes[4]; // ended by 0
-    unsigned int required;
-    unsigned int surplus;
-    unsigned int missing_level;
-};
-
-constexpr method_parameters parameter_rules[] = {
-    {{9603, 9604, 9605}, slot_bits(0, 2), slot_bits(3, 9), GX_ERRLVL_WARNING},
-    {{9606, 9607, 109607}, slot_bits(0, 6), slot_bits(7, 9), GX_ERRLVL_WARNING},
-    {{9636}, slot_bits(0, 9), 0, GX_ERRLVL_WARNING},
-    // The grid methods need only the dataset; the central slot 2 is not checked.
-    {{9613, 9615, 109613}, slot_bits(15, 15), slot_bits(0, 1) | slot_bits(3, 9), GX_ERRLVL_ERROR},
-};
-
-const method_parameters *rules_of(int method_code)
-{
-    for (const method_parameters &rules : parameter_rules)
-        for (const int *code = rules.codes; *code != 0; ++code)
-            if (*code == method_code)
-                return &rules;
-    return nullptr;
-}
-
 unsigned int present_slots(const gx::parameter_array &parameters)
 {
     unsigned int bits = 0;
     for (int slot = 0; slot < gx::parameter_slots; ++slot)
         if (parameters[slot] != nullptr)
-            bits |= 1u << slot;
+            bits |= gx::slot_bit(slot);
     return bits;
 }
 
-// How the parsed parameters fit the method.
+// How the parsed parameters fit the method's registry row: a missing one (of the row's
+// parameters) is reported as an error for a grid method, which cannot run without its grid, and
+// as a warning for a formula method, which still runs with a zero; a surplus one (in a slot the
+// row does not take) only ever warns.
 struct parameter_check {
-    const method_parameters *rules; // null: the method's parameters are not checked
     bool missing;
     bool surplus;
-    bool fatal() const { return missing && rules->missing_level == GX_ERRLVL_ERROR; }
+    unsigned int missing_level;
+    bool fatal() const { return missing && missing_level == GX_ERRLVL_ERROR; }
 };
 
 parameter_check check_parameters(const gx_method *method, const gx::parameter_array &parameters)
 {
-    const method_parameters *rules = rules_of(gx_method_code(method));
-    if (rules == nullptr)
-        return {nullptr, false, false};
+    const gx::method_properties *row =
+        gx::properties_of(gx_methlist_from_code(gx_method_code(method)));
+    if (row == nullptr || row->parameters == nullptr)
+        return {false, false, 0}; // the method's parameters are not checked
     const unsigned int present = present_slots(parameters);
-    return {rules, (rules->required & ~present) != 0, (rules->surplus & present) != 0};
+    return {(gx::slots_of(row->parameters) & ~present) != 0, (row->surplus & present) != 0,
+            gx::is_grid_method(row) ? GX_ERRLVL_ERROR : GX_ERRLVL_WARNING};
 }
 
 // These go to the user-definition category: a parameter set that does not fit its method is a
@@ -169,7 +139,7 @@ void report_parameter(gx::wkt_parse &parse, unsigned int level, unsigned int num
 
 void report_missing(gx::wkt_parse &parse, const parameter_check &check, const gx_method *method)
 {
-    report_parameter(parse, check.rules->missing_level, 453,
+    report_parameter(parse, check.missing_level, 453,
                      "Missing parameter for method \"%s\" in WKT string", method);
 }
 

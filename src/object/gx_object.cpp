@@ -279,12 +279,6 @@ void object_code_set(void *obj, int code, const char *authname, const char *vers
     gx_strncpy(header->version, version != nullptr ? version : "", GX_VERSION_LEN);
 }
 
-bool within_tolerance(double a, double b)
-{
-    const double unit = 3.552713678800501e-15; // 2^-48
-    return std::fabs(a - b) <= ((std::fabs(a) + std::fabs(b)) * 0.5 + 1.0) * unit;
-}
-
 function_name::function_name(const type_desc &desc, const char *operation)
 {
     gx_snprintf(text, sizeof text, "gx_%s_%s", desc.name, operation);

@@ -23,8 +23,8 @@ const same_value_row same_values[] = {
 
 bool is_spelling_pair(const same_value_row &row, double a, double b)
 {
-    return (gx::within_tolerance(a, row.first) && gx::within_tolerance(b, row.second)) ||
-           (gx::within_tolerance(a, row.second) && gx::within_tolerance(b, row.first));
+    return (gx::eq(a, row.first) && gx::eq(b, row.second)) ||
+           (gx::eq(a, row.second) && gx::eq(b, row.first));
 }
 
 bool same_published_value(int code_a, double a, int code_b, double b)
@@ -43,7 +43,7 @@ bool parameter_equal(const gx_object_header *a, const gx_object_header *b)
         return false;
     const double va = as<gx_parameter>(a)->value;
     const double vb = as<gx_parameter>(b)->value;
-    return gx::within_tolerance(va, vb) || same_published_value(a->code, va, b->code, vb);
+    return gx::eq(va, vb) || same_published_value(a->code, va, b->code, vb);
 }
 
 gx_object_header *parameter_clone(const gx_object_header *obj)

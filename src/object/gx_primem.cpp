@@ -17,7 +17,7 @@ bool valid_longitude(double longitude) { return longitude >= -180.0 && longitude
 bool primem_equal(const gx_object_header *a, const gx_object_header *b)
 {
     return gx_strcmp_ci(a->name, b->name) == 0 &&
-           gx::within_tolerance(as<gx_primem>(a)->longitude, as<gx_primem>(b)->longitude);
+           gx::eq(as<gx_primem>(a)->longitude, as<gx_primem>(b)->longitude);
 }
 
 gx_object_header *primem_clone(const gx_object_header *obj)

@@ -15,9 +15,6 @@ using gx::as;
 // were published, their quarter meridians agree to well below this (metres for a in metres).
 constexpr double quarter_meridian_tolerance = 1e-6;
 
-// Flattenings no larger than this are a sphere (the library's relative tolerance near zero).
-constexpr double sphere_flattening = 3.552713678800501e-15; // 2^-48
-
 const gx::synonym spheroid_synonyms[] = {
     {nullptr, nullptr},
 };
@@ -39,9 +36,9 @@ bool spheroid_equal(const gx_object_header *a, const gx_object_header *b)
 {
     const auto *sa = as<gx_spheroid>(a);
     const auto *sb = as<gx_spheroid>(b);
-    if (gx_strcmp_ci(a->name, b->name) != 0 || !gx::within_tolerance(sa->axis, sb->axis))
+    if (gx_strcmp_ci(a->name, b->name) != 0 || !gx::eq(sa->axis, sb->axis))
         return false;
-    if (gx::within_tolerance(sa->flattening, sb->flattening))
+    if (gx::eq(sa->flattening, sb->flattening))
         return true;
     // The same ellipsoid published with a flattening cut at different digits: equal when the
     // difference does not show in the size of the figure.
@@ -57,7 +54,8 @@ gx_object_header *spheroid_clone(const gx_object_header *obj)
 // A sphere's inverse flattening is infinite; the text form writes it as 0 (0.0).
 double inverse_flattening(double flattening)
 {
-    return std::fabs(flattening) <= sphere_flattening ? 0.0 : 1.0 / flattening;
+    // a flattening within the tolerance of zero is a sphere, written with inverse flattening 0
+    return gx::is_sphere(std::fabs(flattening)) ? 0.0 : 1.0 / flattening;
 }
 
 void spheroid_write(const gx_object_header *obj, int, gx::text_buf &out)

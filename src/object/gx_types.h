@@ -8,7 +8,6 @@
 #include "object/gx_components.h"
 #include "object/gx_coordsys.h"
 #include "object/gx_transforms.h"
-#include "projection/gx_registry.h"
 
 namespace gx {
 

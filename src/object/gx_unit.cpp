@@ -18,7 +18,7 @@ const gx::synonym unit_synonyms[] = {
 bool unit_equal(const gx_object_header *a, const gx_object_header *b)
 {
     return gx_strcmp_ci(a->name, b->name) == 0 &&
-           gx::within_tolerance(as<gx_unit>(a)->factor, as<gx_unit>(b)->factor);
+           gx::eq(as<gx_unit>(a)->factor, as<gx_unit>(b)->factor);
 }
 
 gx_object_header *unit_clone(const gx_object_header *obj)

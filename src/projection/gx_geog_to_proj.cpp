@@ -64,6 +64,14 @@ bool build_frame(const gx_projcs *cs, frame &f)
     return true;
 }
 
+// A routine of the CS's projection, or null when it has none.  The accessors answer the identity
+// pair for a projection without routines (a row whose formulas are not written), but converting
+// with it would hand back unprojected coordinates as if they were projected: nothing converts.
+gx_prj_rtn routine_of(const gx_projcs *cs, gx_prj_rtn gx_projection::*slot)
+{
+    return gx_projection_p(cs->projection) ? cs->projection->*slot : nullptr;
+}
+
 // The constants arrays to hand to the routines, loading them on first use.
 void constants_of(gx_projcs *cs, const int *&ivals, const double *&dvals)
 {
@@ -80,7 +88,7 @@ int gx_geog_to_proj(gx_projcs *projcs, int n, double *coords)
     frame f;
     if (!gx_projcs_p(projcs) || !build_frame(projcs, f))
         return 0;
-    const gx_prj_rtn forward = gx_projection_forward(projcs->projection);
+    const gx_prj_rtn forward = routine_of(projcs, &gx_projection::forward);
     if (forward == nullptr)
         return 0;
     const int *ivals;
@@ -121,7 +129,7 @@ int gx_proj_to_geog_center(gx_projcs *projcs, int n, double *coords, double cent
     frame f;
     if (!gx_projcs_p(projcs) || !build_frame(projcs, f))
         return 0;
-    const gx_prj_rtn inverse = gx_projection_inverse(projcs->projection);
+    const gx_prj_rtn inverse = routine_of(projcs, &gx_projection::inverse);
     if (inverse == nullptr)
         return 0;
     const int *ivals;

@@ -23,6 +23,8 @@ inline constexpr double kHalfPi = 1.5707963267948966; // 0x3FF921FB54442D18
 inline constexpr double kPi = 3.141592653589793;
 inline constexpr double kTwoPi = 6.283185307179586;
 inline constexpr double kQuarterPi = 0.7853981633974483;
+inline constexpr double kRadiansPerDegree = 0.017453292519943295;   // pi/180
+inline constexpr double kRadiansPerArcSecond = 4.84813681109536e-6; // pi/648000
 // Brent's tolerance on x, (pi/2) * 2^-48.
 inline constexpr double kZeroinTol = 5.580589596813811e-15;
 

@@ -8,9 +8,7 @@
 // northing, 2 central meridian, 3 and 4 the standard parallels, 5 scale factor, 6 latitude of
 // origin, 7 azimuth, 8 and 9 the longitudes of the two points, 10 and 11 the centre, 12 x scale
 // or auxiliary sphere type, 13 y scale, 14 XY-plane rotation, 15 height or option.
-#include "projection/gx_registry.h"
-#include "object/gx_wkt.h"
-#include "util/gx_ctype.h"
+#include "object/gx_registry.h"
 
 #include <cctype>
 #include <cstring>
@@ -22,54 +20,66 @@ constexpr unsigned int vertcs = GX_TYPE_VERTCS;
 constexpr unsigned int method = GX_TYPE_GEOGTRAN;
 constexpr unsigned int vtmethod = GX_TYPE_VERTTRAN;
 
-constexpr gx_parmlist_entry row(int code, const char *name, double default_value, int index,
-                                unsigned int usage)
+using namespace gx::parm;
+namespace slot = gx::slot;
+namespace shift_slot = gx::shift_slot;
+namespace height_slot = gx::height_slot;
+namespace vertcs_parameter = gx::vertcs_parameter;
+
+constexpr gx::parameter_row_t row(int code, const char *name, double default_value, int index,
+                                  unsigned int usage)
 {
-    return {code, "TAVU", "9.3.0", name, default_value, index, usage};
+    return {{code, "TAVU", "9.3.0", name, default_value, index, usage}, {}};
 }
 
-const gx_parmlist_entry parameters[] = {
-    row(100001, "False_Easting", 0, 0, projcs),
-    row(100002, "False_Northing", 0, 1, projcs),
-    row(100010, "Central_Meridian", 0, 2, projcs),
-    row(100011, "Longitude_Of_Origin", 0, 2, projcs),
-    row(100025, "Standard_Parallel_1", 60, 3, projcs),
-    row(100026, "Standard_Parallel_2", 60, 4, projcs),
-    row(100003, "Scale_Factor", 1, 5, projcs),
-    row(100020, "Central_Parallel", 0, 6, projcs),
-    row(100021, "Latitude_Of_Origin", 0, 6, projcs),
-    row(100004, "Azimuth", 45, 7, projcs),
-    row(100005, "Height", 0, 15, projcs),
-    row(100036, "Option", 0, 15, projcs),
-    row(100023, "Latitude_Of_1st_Point", 0, 3, projcs),
-    row(100024, "Latitude_Of_2nd_Point", 60, 4, projcs),
-    row(100013, "Longitude_Of_1st_Point", 0, 8, projcs),
-    row(100014, "Longitude_Of_2nd_Point", 60, 9, projcs),
-    row(100012, "Longitude_Of_Center", -75, 10, projcs),
-    row(100022, "Latitude_Of_Center", 40, 11, projcs),
-    row(100027, "Pseudo_Standard_Parallel_1", 60, 3, projcs),
-    row(100039, "XY_Plane_Rotation", 0, 14, projcs),
-    row(100037, "X_Scale", 1, 12, projcs),
-    row(100038, "Y_Scale", 1, 13, projcs),
-    row(100035, "Auxiliary_Sphere_Type", 0, 12, projcs),
-    row(100040, "X_Axis_Translation", 0, 0, method),
-    row(100041, "Y_Axis_Translation", 0, 1, method),
-    row(100042, "Z_Axis_Translation", 0, 2, method),
-    row(100043, "X_Axis_Rotation", 0, 3, method),
-    row(100044, "Y_Axis_Rotation", 0, 4, method),
-    row(100045, "Z_Axis_Rotation", 0, 5, method),
-    row(100046, "Scale_Difference", 0, 6, method),
-    row(100048, "X_Coordinate_of_Rotation_Origin", 0, 7, method),
-    row(100049, "Y_Coordinate_of_Rotation_Origin", 0, 8, method),
-    row(100050, "Z_Coordinate_of_Rotation_Origin", 0, 9, method),
-    row(100047, "Dataset_", 0, 15, method | vtmethod),
-    row(100060, "Vertical_Offset", 0, 0, vtmethod),
-    row(100061, "Latitude_Of_Evaluation", 0, 6, vtmethod),
-    row(100062, "Longitude_Of_Evaluation", 0, 2, vtmethod),
-    row(100063, "Inclination_North", 0, 13, vtmethod),
-    row(100064, "Inclination_East", 0, 14, vtmethod),
-    row(100006, "Vertical_Shift", 0, 0, vertcs),
-    row(100007, "Direction", 1, 1, vertcs),
+const gx::parameter_row_t parameters[] = {
+    row(false_easting, "False_Easting", 0, slot::false_easting, projcs),
+    row(false_northing, "False_Northing", 0, slot::false_northing, projcs),
+    row(central_meridian, "Central_Meridian", 0, slot::central_meridian, projcs),
+    row(longitude_of_origin, "Longitude_Of_Origin", 0, slot::central_meridian, projcs),
+    row(standard_parallel_1, "Standard_Parallel_1", 60, slot::standard_parallel_1, projcs),
+    row(standard_parallel_2, "Standard_Parallel_2", 60, slot::standard_parallel_2, projcs),
+    row(scale_factor, "Scale_Factor", 1, slot::scale_factor, projcs),
+    row(central_parallel, "Central_Parallel", 0, slot::latitude_of_origin, projcs),
+    row(latitude_of_origin, "Latitude_Of_Origin", 0, slot::latitude_of_origin, projcs),
+    row(azimuth, "Azimuth", 45, slot::azimuth, projcs),
+    row(height, "Height", 0, slot::height, projcs),
+    row(option, "Option", 0, slot::option, projcs),
+    row(latitude_of_1st_point, "Latitude_Of_1st_Point", 0, slot::standard_parallel_1, projcs),
+    row(latitude_of_2nd_point, "Latitude_Of_2nd_Point", 60, slot::standard_parallel_2, projcs),
+    row(longitude_of_1st_point, "Longitude_Of_1st_Point", 0, slot::longitude_of_1st_point, projcs),
+    row(longitude_of_2nd_point, "Longitude_Of_2nd_Point", 60, slot::longitude_of_2nd_point, projcs),
+    row(longitude_of_center, "Longitude_Of_Center", -75, slot::longitude_of_center, projcs),
+    row(latitude_of_center, "Latitude_Of_Center", 40, slot::latitude_of_center, projcs),
+    row(pseudo_standard_parallel_1, "Pseudo_Standard_Parallel_1", 60, slot::standard_parallel_1,
+        projcs),
+    row(xy_plane_rotation, "XY_Plane_Rotation", 0, slot::xy_plane_rotation, projcs),
+    row(x_scale, "X_Scale", 1, slot::x_scale, projcs),
+    row(y_scale, "Y_Scale", 1, slot::y_scale, projcs),
+    row(auxiliary_sphere_type, "Auxiliary_Sphere_Type", 0, slot::auxiliary_sphere_type, projcs),
+    row(x_axis_translation, "X_Axis_Translation", 0, shift_slot::x_translation, method),
+    row(y_axis_translation, "Y_Axis_Translation", 0, shift_slot::y_translation, method),
+    row(z_axis_translation, "Z_Axis_Translation", 0, shift_slot::z_translation, method),
+    row(x_axis_rotation, "X_Axis_Rotation", 0, shift_slot::x_rotation, method),
+    row(y_axis_rotation, "Y_Axis_Rotation", 0, shift_slot::y_rotation, method),
+    row(z_axis_rotation, "Z_Axis_Rotation", 0, shift_slot::z_rotation, method),
+    row(scale_difference, "Scale_Difference", 0, shift_slot::scale_difference, method),
+    row(x_coordinate_of_rotation_origin, "X_Coordinate_of_Rotation_Origin", 0,
+        shift_slot::x_rotation_origin, method),
+    row(y_coordinate_of_rotation_origin, "Y_Coordinate_of_Rotation_Origin", 0,
+        shift_slot::y_rotation_origin, method),
+    row(z_coordinate_of_rotation_origin, "Z_Coordinate_of_Rotation_Origin", 0,
+        shift_slot::z_rotation_origin, method),
+    row(dataset, "Dataset_", 0, shift_slot::dataset, method | vtmethod),
+    row(vertical_offset, "Vertical_Offset", 0, height_slot::vertical_offset, vtmethod),
+    row(latitude_of_evaluation, "Latitude_Of_Evaluation", 0, height_slot::latitude_of_evaluation,
+        vtmethod),
+    row(longitude_of_evaluation, "Longitude_Of_Evaluation", 0, height_slot::longitude_of_evaluation,
+        vtmethod),
+    row(inclination_north, "Inclination_North", 0, height_slot::inclination_north, vtmethod),
+    row(inclination_east, "Inclination_East", 0, height_slot::inclination_east, vtmethod),
+    row(vertical_shift, "Vertical_Shift", 0, vertcs_parameter::vertical_shift, vertcs),
+    row(direction, "Direction", 1, vertcs_parameter::direction, vertcs),
     {}, // code 0 ends the table
 };
 
@@ -92,19 +102,7 @@ bool names_dataset(const char *name)
     return true;
 }
 
-const gx_parmlist_entry *dataset_row() { return gx_parmlist_from_code(100047); }
-
-// The first row whose name equals `name` without case ('-' counts as '_'), as gx_strcmp_i
-// compares them.
-const gx_parmlist_entry *row_named(const char *name)
-{
-    gx::remembered_classes classes;
-    gx::caseless_name wanted(name, classes);
-    for (const gx_parmlist_entry *entry = parameters; entry->code != 0; ++entry)
-        if (wanted.matches(entry->name))
-            return entry;
-    return nullptr;
-}
+const gx_parmlist_entry *dataset_row() { return gx_parmlist_from_code(gx::parm::dataset); }
 
 gx_parameter *parameter_from_row(const gx_parmlist_entry *entry, const char *name, double value,
                                  unsigned int status, gx_err_rec *err)
@@ -127,10 +125,7 @@ void report_bad_code(gx_err_rec *err, const char *function, int code)
 
 const gx_parmlist_entry *gx_parmlist_from_code(int code)
 {
-    for (const gx_parmlist_entry *entry = parameters; entry->code != 0; ++entry)
-        if (entry->code == code)
-            return entry;
-    return nullptr;
+    return gx::entry_of(gx::row_with_code(parameters, code));
 }
 
 const gx_parmlist_entry *gx_parmlist_from_name(const char *name)
@@ -138,7 +133,7 @@ const gx_parmlist_entry *gx_parmlist_from_name(const char *name)
     if (name == nullptr)
         return nullptr;
     name = gx::synonym_lookup(parameter_synonyms, name);
-    const gx_parmlist_entry *entry = row_named(name);
+    const gx_parmlist_entry *entry = gx::entry_of(gx::row_with_name(parameters, name));
     if (entry == nullptr && names_dataset(name))
         entry = dataset_row();
     return entry;

@@ -1,7 +1,7 @@
 // The per-projected-CS constants record: an integer array (by convention a count record: 2, then
 // the number of doubles) and the double array of a projection's precomputed constants.  The
 // record owns both arrays.
-#include "projection/gx_registry.h"
+#include "object/gx_core.h"
 
 struct gx_pcsconstants {
     unsigned int signature; // pcsconstants_signature while alive

@@ -6,20 +6,18 @@
 // one they go to, and tells the method whether exactly one of the two counts downwards (the
 // direction product).  Methods that read the points' position get them as longitude and
 // latitude in the transformation's geographic system, with its unit and prime meridian.
-#include "gridex.h"
+#include "projection/gx_math.h"
+#include "vertical/gx_vtmethlist.h"
 
 namespace {
 
-constexpr double radians_per_arc_second = 4.84813681109536e-6;
+using gx::math::kRadiansPerArcSecond;
 
 constexpr int vertical_offset = 129616;
 constexpr int vertical_offset_and_slope = 129657;
-constexpr int grid_methods[] = {129658, 129661, 129662, 129663, 129664,
-                                129665, 129761, 129861, 129961};
 
-constexpr int vertical_shift_slot = 0;
-constexpr int direction_slot = 1;
-constexpr int dataset_slot = 15;
+namespace height_slot = gx::height_slot;
+namespace vertcs_parameter = gx::vertcs_parameter;
 
 // A vertical system as the heights see it.
 struct vertical_side {
@@ -31,8 +29,9 @@ struct vertical_side {
 vertical_side side_of(gx_vertcs *cs)
 {
     gx_parameter **parameters = gx_vertcs_parameters(cs);
-    return {gx_unit_factor(gx_vertcs_unit(cs)), gx_parameter_value(parameters[vertical_shift_slot]),
-            gx_parameter_value(parameters[direction_slot]) < 0.0 ? -1.0 : 1.0};
+    return {gx_unit_factor(gx_vertcs_unit(cs)),
+            gx_parameter_value(parameters[vertcs_parameter::vertical_shift]),
+            gx_parameter_value(parameters[vertcs_parameter::direction]) < 0.0 ? -1.0 : 1.0};
 }
 
 bool is_neutral(const vertical_side &side) { return side.unit == 1.0 && side.shift == 0.0; }
@@ -79,7 +78,7 @@ horizontal_frame frame_of(const gx_coordsys *coordsys)
 
 // Everything the method routine receives besides the frame, the points and the heights.
 struct method_input {
-    double parms[16] = {};
+    double parms[gx::parameter_slots] = {};
     char dataset[GX_NAME_LEN] = {};
     const int *ivals = nullptr;
     const float *fvals = nullptr;
@@ -93,21 +92,13 @@ void fill_parameters(gx_verttran *vt, const vertical_side &to_system, const hori
 {
     gx_parameter **parameters = gx_verttran_parameters(vt);
     double *p = input.parms;
-    for (int slot = 0; slot < 16; ++slot)
+    for (int slot = 0; slot < gx::parameter_slots; ++slot)
         p[slot] = gx_parameter_value(parameters[slot]);
-    p[0] *= to_system.unit;
-    p[2] *= frame.unit;
-    p[6] *= frame.unit;
-    p[13] *= radians_per_arc_second;
-    p[14] *= radians_per_arc_second;
-}
-
-bool is_grid_method(int code)
-{
-    for (int grid : grid_methods)
-        if (code == grid)
-            return true;
-    return false;
+    p[height_slot::vertical_offset] *= to_system.unit;
+    p[height_slot::longitude_of_evaluation] *= frame.unit;
+    p[height_slot::latitude_of_evaluation] *= frame.unit;
+    p[height_slot::inclination_north] *= kRadiansPerArcSecond;
+    p[height_slot::inclination_east] *= kRadiansPerArcSecond;
 }
 
 // A grid method needs positions and a dataset.  A dataset parameter of value 0 asks for the
@@ -115,7 +106,7 @@ bool is_grid_method(int code)
 // every call.
 bool prepare_grid(gx_verttran *vt, const double *points, method_input &input)
 {
-    const gx_parameter *dataset = gx_verttran_parameters(vt)[dataset_slot];
+    const gx_parameter *dataset = gx_verttran_parameters(vt)[height_slot::dataset];
     gx_parameter_name(dataset, input.dataset);
     if (points == nullptr || input.dataset[0] == '\0')
         return false;
@@ -137,7 +128,7 @@ bool prepare_method(gx_verttran *vt, int code, const double *points, method_inpu
         return true;
     if (code == vertical_offset_and_slope)
         return points != nullptr;
-    if (is_grid_method(code))
+    if (gx::is_grid_method(gx::vtmethod_properties(code)))
         return prepare_grid(vt, points, input);
     return false;
 }

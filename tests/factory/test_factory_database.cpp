@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <fstream>
 #include <map>
@@ -159,4 +161,61 @@ TEST(FactoryDatabase, PredefinedListsHoldTheCurrentEntriesOfEveryType)
         EXPECT_EQ(listed, std::set<int>(expected.begin(), expected.end()));
         gx_table_del(table);
     }
+}
+
+namespace {
+
+// The first present slot among `slots`, in radians, or `fallback`.
+double angle_slot(gx_projcs *cs, std::initializer_list<int> slots, double fallback)
+{
+    gx_parameter **parameters = gx_projcs_parameters(cs);
+    const double factor = gx_unit_factor(gx_geogcs_unit(gx_projcs_geogcs(cs)));
+    for (int slot : slots)
+        if (parameters[slot] != nullptr)
+            return gx_parameter_value(parameters[slot]) * factor;
+    return fallback;
+}
+
+} // namespace
+
+// Every built-in projected system either refuses to convert (a projection whose formulas the
+// library lacks: 0, the points untouched) or projects two points a tenth of a degree apart near
+// its origin to plane points some kilometres apart, and back.  A projection wired to the identity
+// would put them a few thousandths of a unit apart and fails.
+TEST(FactoryDatabase, EveryProjectedSystemConvertsOrRefuses)
+{
+    constexpr double degree = 0.017453292519943295;
+    int listed = 0;
+    int *codes = gx_factory_object_codelist(GX_TYPE_PROJCS, &listed);
+    int converted = 0;
+    for (int i = 0; i < listed; ++i) {
+        SCOPED_TRACE(codes[i]);
+        auto *cs = static_cast<gx_projcs *>(gx_factory(codes[i]));
+        ASSERT_NE(cs, nullptr);
+        const double unit = gx_unit_factor(gx_geogcs_unit(gx_projcs_geogcs(cs)));
+        const double lon0 = angle_slot(cs, {2, 10, 8}, 0.0);
+        const double lat0 = std::clamp(angle_slot(cs, {6, 11, 3}, 0.0), -80 * degree, 80 * degree);
+        const double input[4] = {(lon0 + 0.05 * degree) / unit, (lat0 - 0.05 * degree) / unit,
+                                 (lon0 + 0.05 * degree) / unit, (lat0 + 0.05 * degree) / unit};
+        double points[4];
+        std::copy(input, input + 4, points);
+        const int forward = gx_geog_to_proj(cs, 2, points);
+        if (forward == 0) {
+            EXPECT_TRUE(std::equal(input, input + 4, points));
+        } else {
+            ++converted;
+            ASSERT_EQ(forward, 2);
+            const double metres = gx_unit_factor(gx_projcs_unit(cs));
+            const double apart = std::hypot(points[2] - points[0], points[3] - points[1]) * metres;
+            EXPECT_GT(apart, 1000.0);
+            EXPECT_LT(apart, 100000.0);
+            ASSERT_EQ(gx_proj_to_geog_center(cs, 2, points, lon0 / unit), 2);
+            for (int k = 0; k < 4; ++k)
+                EXPECT_NEAR(points[k], input[k], 1e-9 * degree / unit) << k;
+        }
+        gx_projcs_del(cs);
+    }
+    gx_factory_codelist_del(codes);
+    RecordProperty("converted", converted);
+    RecordProperty("refused", listed - converted);
 }
