@@ -28,11 +28,7 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kSphereCount = 3;
-constexpr int kEllipsoidCount = 22;
 constexpr int kBlockOffset = 4;
-
-int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
 
 bool symmetric_parallels(const double parms[16])
 {
@@ -46,49 +42,43 @@ double authalic_q(double e2, const double *beta_block, double q_pole, double phi
     return q_pole * std::sin(beta);
 }
 
-// The constants record of a cone (not for symmetric parallels).
-int cone_constants(const double sphere[2], const double parms[16], double *values)
-{
-    const double a = sphere[0], e2 = sphere[1];
-    const double phi1 = parms[slot::standard_parallel_1], phi2 = parms[slot::standard_parallel_2];
-    double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
-    if (block != nullptr)
-        gx_beta_authalic_constants(e2, block, 0);
-    const double q_pole = authalic_q_pole(e2);
-    const double q1 = authalic_q(e2, block, q_pole, phi1), q2 = authalic_q(e2, block, q_pole, phi2);
-    const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
-    double n;
-    if (block == nullptr)
-        n = (std::sin(phi1) + std::sin(phi2)) / 2.0;
-    else if (eq(q1, q2))
-        n = std::sin(phi1);
-    else
-        n = (m1 * m1 - m2 * m2) / (q2 - q1);
-    const double c = m1 * m1 + n * q1;
-    const double q0 = authalic_q(e2, block, q_pole, parms[slot::latitude_of_origin]);
-    values[0] = a * std::sqrt(std::max(0.0, c - n * q0)) / n;
-    values[1] = c;
-    values[2] = n;
-    if (block == nullptr)
-        return kSphereCount;
-    values[3] = q_pole;
-    return kEllipsoidCount;
-}
-
-class AlbersCone {
+class AlbersCone : public ConstantsLayout<3, 22> {
 public:
-    AlbersCone(const double sphere[2], const double parms[16], const int *ivals,
-               const double *dvals)
-        : a_(sphere[0]), e2_(sphere[1]), lam0_(parms[slot::central_meridian])
+    // The constants record of a cone (not for symmetric parallels).
+    static int constants(const double sphere[2], const double parms[16], double *values)
     {
-        const double *values = given_constants(ivals, dvals, constants_count(e2_));
-        if (values == nullptr) {
-            cone_constants(sphere, parms, local_);
-            values = local_;
-        }
-        rho0_ = values[0];
-        c_ = values[1];
-        n_ = values[2];
+        const double a = sphere[0], e2 = sphere[1];
+        const double phi1 = parms[slot::standard_parallel_1],
+                     phi2 = parms[slot::standard_parallel_2];
+        double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
+        if (block != nullptr)
+            gx_beta_authalic_constants(e2, block, 0);
+        const double q_pole = authalic_q_pole(e2);
+        const double q1 = authalic_q(e2, block, q_pole, phi1),
+                     q2 = authalic_q(e2, block, q_pole, phi2);
+        const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
+        double n;
+        if (block == nullptr)
+            n = (std::sin(phi1) + std::sin(phi2)) / 2.0;
+        else if (eq(q1, q2))
+            n = std::sin(phi1);
+        else
+            n = (m1 * m1 - m2 * m2) / (q2 - q1);
+        const double c = m1 * m1 + n * q1;
+        const double q0 = authalic_q(e2, block, q_pole, parms[slot::latitude_of_origin]);
+        values[0] = a * std::sqrt(std::max(0.0, c - n * q0)) / n;
+        values[1] = c;
+        values[2] = n;
+        if (block == nullptr)
+            return kSphereCount;
+        values[3] = q_pole;
+        return kEllipsoidCount;
+    }
+
+    AlbersCone(const double sphere[2], const double parms[16], const double *values)
+        : a_(sphere[0]), e2_(sphere[1]), lam0_(parms[slot::central_meridian]), rho0_(values[0]),
+          c_(values[1]), n_(values[2])
+    {
         if (!is_sphere(e2_)) {
             q_pole_ = values[3];
             beta_block_ = values + kBlockOffset;
@@ -116,9 +106,8 @@ public:
     }
 
 private:
-    double a_, e2_, lam0_, rho0_ = 0.0, c_ = 0.0, n_ = 0.0, q_pole_ = 2.0;
+    double a_, e2_, lam0_, rho0_, c_, n_, q_pole_ = 2.0;
     const double *beta_block_ = nullptr;
-    double local_[kEllipsoidCount] = {};
 };
 
 } // namespace
@@ -129,8 +118,7 @@ GX_API int gx_albers_const(gx_constants *constants, const double sphere[2], cons
 {
     if (symmetric_parallels(parms))
         return gx_cylindrical_eqarea_const(constants, sphere, parms);
-    double values[kEllipsoidCount];
-    return store_constants(constants, values, cone_constants(sphere, parms, values));
+    return projection_setup<AlbersCone>(constants, sphere, parms);
 }
 
 GX_API int gx_albers_fwd(const double sphere[2], const double parms[16], int n, double *coords,
@@ -138,8 +126,7 @@ GX_API int gx_albers_fwd(const double sphere[2], const double parms[16], int n, 
 {
     if (symmetric_parallels(parms))
         return gx_cylindrical_eqarea_fwd(sphere, parms, n, coords, ivals, dvals);
-    const AlbersCone cone(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { cone.forward(p); });
+    return projection_run<AlbersCone>(Pass::Forward, sphere, parms, n, coords, ivals, dvals);
 }
 
 GX_API int gx_albers_inv(const double sphere[2], const double parms[16], int n, double *coords,
@@ -147,8 +134,7 @@ GX_API int gx_albers_inv(const double sphere[2], const double parms[16], int n, 
 {
     if (symmetric_parallels(parms))
         return gx_cylindrical_eqarea_inv(sphere, parms, n, coords, ivals, dvals);
-    const AlbersCone cone(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { cone.inverse(p); });
+    return projection_run<AlbersCone>(Pass::Inverse, sphere, parms, n, coords, ivals, dvals);
 }
 
 } // extern "C"

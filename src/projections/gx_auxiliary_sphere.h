@@ -48,26 +48,47 @@ int auxiliary_sphere_inverse(const AuxiliarySphereBase &base, const double spher
                              const double parms[16], int n, double *coords, const int *ivals,
                              const double *dvals);
 
+// The base projection of a core P (gx_projection_support.h) whose routines are Forward and
+// Inverse.
+template <class P>
+constexpr AuxiliarySphereBase auxiliary_base_of(gx_prj_rtn forward, gx_prj_rtn inverse)
+{
+    if constexpr (P::kMaxConstants > 0) {
+        static_assert(P::kSphereCount <= 8, "an auxiliary sphere keeps at most 8 base constants");
+        return {forward, inverse, static_cast<ConstantsFn>(P::constants), P::kSphereCount};
+    } else {
+        return {forward, inverse, nullptr, 0};
+    }
+}
+
 } // namespace gx::projections
 
-// The three exported routines of an _Auxiliary_Sphere projection over its base projection.
-#define GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stem, base)                                            \
-    GX_API int gx_##stem##_auxs_const(gx_constants *constants, const double sphere[2],             \
-                                      const double parms[16])                                      \
-    {                                                                                              \
-        return gx::projections::auxiliary_sphere_constants(base, constants, sphere, parms);        \
+// The three exported routines of an _Auxiliary_Sphere projection over the core P of its base
+// projection, whose own routines gx_<stem>_fwd and gx_<stem>_inv do the work on the sphere.
+#define GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stem, P)                                               \
+    namespace {                                                                                    \
+    constexpr gx::projections::AuxiliarySphereBase stem##_auxiliary_base =                         \
+        gx::projections::auxiliary_base_of<P>(gx_##stem##_fwd, gx_##stem##_inv);                   \
     }                                                                                              \
-    GX_API int gx_##stem##_auxs_fwd(const double sphere[2], const double parms[16], int n,         \
-                                    double *coords, const int *ivals, const double *dvals)         \
+    extern "C" GX_API int gx_##stem##_auxs_const(gx_constants *constants, const double sphere[2],  \
+                                                 const double parms[16])                           \
     {                                                                                              \
-        return gx::projections::auxiliary_sphere_forward(base, sphere, parms, n, coords, ivals,    \
-                                                         dvals);                                   \
+        return gx::projections::auxiliary_sphere_constants(stem##_auxiliary_base, constants,       \
+                                                           sphere, parms);                         \
     }                                                                                              \
-    GX_API int gx_##stem##_auxs_inv(const double sphere[2], const double parms[16], int n,         \
-                                    double *coords, const int *ivals, const double *dvals)         \
+    extern "C" GX_API int gx_##stem##_auxs_fwd(const double sphere[2], const double parms[16],     \
+                                               int n, double *coords, const int *ivals,            \
+                                               const double *dvals)                                \
     {                                                                                              \
-        return gx::projections::auxiliary_sphere_inverse(base, sphere, parms, n, coords, ivals,    \
-                                                         dvals);                                   \
+        return gx::projections::auxiliary_sphere_forward(stem##_auxiliary_base, sphere, parms, n,  \
+                                                         coords, ivals, dvals);                    \
+    }                                                                                              \
+    extern "C" GX_API int gx_##stem##_auxs_inv(const double sphere[2], const double parms[16],     \
+                                               int n, double *coords, const int *ivals,            \
+                                               const double *dvals)                                \
+    {                                                                                              \
+        return gx::projections::auxiliary_sphere_inverse(stem##_auxiliary_base, sphere, parms, n,  \
+                                                         coords, ivals, dvals);                    \
     }
 
 #endif // GX_PROJECTIONS_GX_AUXILIARY_SPHERE_H

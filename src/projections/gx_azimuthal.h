@@ -65,6 +65,21 @@ inline void point_from_center(const AzimuthalCenter &center, double x, double y,
     *lam = gx_delta(center.lam + std::atan2(py, px));
 }
 
+// The constants of a spherical azimuthal projection about the center of slots 10 and 11
+// (orthographic, gnomonic): [0] cos phi_c, [1] sin phi_c.
+struct SphericalCenterLayout : ConstantsLayout<2> {
+    static int constants(const double * /*sphere*/, const double parms[16], double *values)
+    {
+        values[0] = std::cos(parms[slot::latitude_of_center]);
+        values[1] = std::sin(parms[slot::latitude_of_center]);
+        return kSphereCount;
+    }
+    static AzimuthalCenter center_of(const double parms[16], const double *values)
+    {
+        return {parms[slot::longitude_of_center], values[0], values[1]};
+    }
+};
+
 } // namespace gx::projections
 
 #endif // GX_PROJECTIONS_GX_AZIMUTHAL_H

@@ -21,47 +21,30 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kSphereCount = 3;
-constexpr int kEllipsoidCount = 21;
 constexpr int kBlockOffset = 3;
 
-int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
-
-// The constants, or 0 when the standard parallel is at a pole.
-int cylindrical_eqarea_constants(const double sphere[2], const double parms[16], double *values)
-{
-    const double a = sphere[0], e2 = sphere[1], phi_s = parms[slot::standard_parallel_1];
-    if (at_pole(phi_s))
-        return 0;
-    const double k = std::cos(phi_s) / gx_w(e2, phi_s);
-    values[0] = k;
-    values[1] = a * k;
-    values[2] = a * authalic_q_pole(e2) / (2.0 * k);
-    if (is_sphere(e2))
-        return kSphereCount;
-    gx_beta_authalic_constants(e2, values + kBlockOffset, 0);
-    return kEllipsoidCount;
-}
-
-class CylindricalEqualArea {
+class CylindricalEqualArea : public ConstantsLayout<3, 21> {
 public:
-    CylindricalEqualArea(const double sphere[2], const double parms[16], const int *ivals,
-                         const double *dvals)
-        : e2_(sphere[1]), lam0_(parms[slot::central_meridian])
+    // The constants, or 0 when the standard parallel is at a pole.
+    static int constants(const double sphere[2], const double parms[16], double *values)
     {
-        const double *values = given_constants(ivals, dvals, constants_count(e2_));
-        if (values == nullptr) {
-            if (cylindrical_eqarea_constants(sphere, parms, local_) == 0)
-                return;
-            values = local_;
-        }
-        a_k_ = values[1];
-        northing_scale_ = values[2];
-        beta_block_ = is_sphere(e2_) ? nullptr : values + kBlockOffset;
-        valid_ = true;
+        const double a = sphere[0], e2 = sphere[1], phi_s = parms[slot::standard_parallel_1];
+        if (at_pole(phi_s))
+            return 0;
+        const double k = std::cos(phi_s) / gx_w(e2, phi_s);
+        values[0] = k;
+        values[1] = a * k;
+        values[2] = a * authalic_q_pole(e2) / (2.0 * k);
+        if (is_sphere(e2))
+            return kSphereCount;
+        gx_beta_authalic_constants(e2, values + kBlockOffset, 0);
+        return kEllipsoidCount;
     }
 
-    bool valid() const { return valid_; }
+    CylindricalEqualArea(const double sphere[2], const double parms[16], const double *values)
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian]), a_k_(values[1]),
+          northing_scale_(values[2]), beta_block_(is_sphere(e2_) ? nullptr : values + kBlockOffset)
+    {}
 
     void forward(double *point) const
     {
@@ -93,39 +76,10 @@ private:
         return beta_block_ ? gx_beta_to_phi_wconst(e2_, beta, beta_block_) : beta;
     }
 
-    double e2_, lam0_, a_k_ = 0.0, northing_scale_ = 0.0;
-    const double *beta_block_ = nullptr;
-    bool valid_ = false;
-    double local_[kEllipsoidCount] = {};
+    double e2_, lam0_, a_k_, northing_scale_;
+    const double *beta_block_;
 };
 
 } // namespace
 
-extern "C" {
-
-GX_API int gx_cylindrical_eqarea_const(gx_constants *constants, const double sphere[2],
-                                       const double parms[16])
-{
-    double values[kEllipsoidCount];
-    return store_constants(constants, values, cylindrical_eqarea_constants(sphere, parms, values));
-}
-
-GX_API int gx_cylindrical_eqarea_fwd(const double sphere[2], const double parms[16], int n,
-                                     double *coords, const int *ivals, const double *dvals)
-{
-    const CylindricalEqualArea projection(sphere, parms, ivals, dvals);
-    if (!projection.valid())
-        return 0;
-    return convert_points(n, coords, [&](double *p) { projection.forward(p); });
-}
-
-GX_API int gx_cylindrical_eqarea_inv(const double sphere[2], const double parms[16], int n,
-                                     double *coords, const int *ivals, const double *dvals)
-{
-    const CylindricalEqualArea projection(sphere, parms, ivals, dvals);
-    if (!projection.valid())
-        return 0;
-    return convert_points(n, coords, [&](double *p) { return projection.inverse(p); });
-}
-
-} // extern "C"
+GX_DEFINE_PROJECTION_ROUTINES(cylindrical_eqarea, CylindricalEqualArea)

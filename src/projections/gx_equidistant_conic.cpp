@@ -30,11 +30,7 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kSphereCount = 4;
-constexpr int kEllipsoidCount = 21;
 constexpr int kBlockOffset = 4;
-
-int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
 
 // The meridian arc from the equator, R_r mu(phi).
 double meridian_arc(double e2, const double *mu_block, double rect_radius, double phi)
@@ -42,49 +38,43 @@ double meridian_arc(double e2, const double *mu_block, double rect_radius, doubl
     return rect_radius * (mu_block ? gx_phi_to_mu_wconst(e2, phi, mu_block) : phi);
 }
 
-// The constants, or 0 for a cylinder without width.
-int equidistant_conic_constants(const double sphere[2], const double parms[16], double *values)
-{
-    const double a = sphere[0], e2 = sphere[1];
-    const double phi1 = parms[slot::standard_parallel_1], phi2 = parms[slot::standard_parallel_2];
-    double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
-    if (block != nullptr)
-        gx_mu_rectifying_constants(e2, block, 0);
-    const double rect_radius = gx_rect_r(a, e2);
-    const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
-    const double arc0 = meridian_arc(e2, block, rect_radius, parms[slot::latitude_of_origin]);
-    const double arc1 = meridian_arc(e2, block, rect_radius, phi1);
-    const double arc2 = meridian_arc(e2, block, rect_radius, phi2);
-    if (eq(phi1, -phi2)) {
-        if (at_pole(phi1))
-            return 0;
-        values[0] = 0.0;
-        values[1] = a * m1;
-        values[2] = arc0;
-    } else {
-        const double n = eq(phi1, phi2) ? std::sin(phi1) : a * (m1 - m2) / (arc2 - arc1);
-        const double a_g = a * m1 / n + arc1;
-        values[0] = n;
-        values[1] = a_g;
-        values[2] = a_g - arc0;
-    }
-    values[3] = rect_radius;
-    return block ? kEllipsoidCount : kSphereCount;
-}
-
-class EquidistantConic {
+class EquidistantConic : public ConstantsLayout<4, 21> {
 public:
-    EquidistantConic(const double sphere[2], const double parms[16], const int *ivals,
-                     const double *dvals)
-        : e2_(sphere[1]), lam0_(parms[slot::central_meridian])
+    // The constants, or 0 for a cylinder without width.
+    static int constants(const double sphere[2], const double parms[16], double *values)
     {
-        const double *values = given_constants(ivals, dvals, constants_count(e2_));
-        if (values == nullptr) {
-            if (equidistant_conic_constants(sphere, parms, local_) == 0)
-                return;
-            values = local_;
+        const double a = sphere[0], e2 = sphere[1];
+        const double phi1 = parms[slot::standard_parallel_1],
+                     phi2 = parms[slot::standard_parallel_2];
+        double *block = is_sphere(e2) ? nullptr : values + kBlockOffset;
+        if (block != nullptr)
+            gx_mu_rectifying_constants(e2, block, 0);
+        const double rect_radius = gx_rect_r(a, e2);
+        const double m1 = std::cos(phi1) / gx_w(e2, phi1), m2 = std::cos(phi2) / gx_w(e2, phi2);
+        const double arc0 = meridian_arc(e2, block, rect_radius, parms[slot::latitude_of_origin]);
+        const double arc1 = meridian_arc(e2, block, rect_radius, phi1);
+        const double arc2 = meridian_arc(e2, block, rect_radius, phi2);
+        if (eq(phi1, -phi2)) {
+            if (at_pole(phi1))
+                return 0;
+            values[0] = 0.0;
+            values[1] = a * m1;
+            values[2] = arc0;
+        } else {
+            const double n = eq(phi1, phi2) ? std::sin(phi1) : a * (m1 - m2) / (arc2 - arc1);
+            const double a_g = a * m1 / n + arc1;
+            values[0] = n;
+            values[1] = a_g;
+            values[2] = a_g - arc0;
         }
-        n_ = values[0];
+        values[3] = rect_radius;
+        return block ? kEllipsoidCount : kSphereCount;
+    }
+
+    EquidistantConic(const double sphere[2], const double parms[16], const double *values)
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian]), n_(values[0]),
+          rect_radius_(values[3]), mu_block_(is_sphere(e2_) ? nullptr : values + kBlockOffset)
+    {
         if (n_ == 0.0) {
             a_m1_ = values[1];
             arc0_ = values[2];
@@ -92,12 +82,7 @@ public:
             a_g_ = values[1];
             rho0_ = values[2];
         }
-        rect_radius_ = values[3];
-        mu_block_ = is_sphere(e2_) ? nullptr : values + kBlockOffset;
-        valid_ = true;
     }
-
-    bool valid() const { return valid_; }
 
     void forward(double *point) const
     {
@@ -131,39 +116,11 @@ public:
 
 private:
     double e2_, lam0_;
-    double n_ = 0.0, a_g_ = 0.0, rho0_ = 0.0, a_m1_ = 0.0, arc0_ = 0.0, rect_radius_ = 0.0;
-    const double *mu_block_ = nullptr;
-    bool valid_ = false;
-    double local_[kEllipsoidCount] = {};
+    double n_, rect_radius_;
+    const double *mu_block_;
+    double a_g_ = 0.0, rho0_ = 0.0, a_m1_ = 0.0, arc0_ = 0.0;
 };
 
 } // namespace
 
-extern "C" {
-
-GX_API int gx_equidistant_conic_const(gx_constants *constants, const double sphere[2],
-                                      const double parms[16])
-{
-    double values[kEllipsoidCount];
-    return store_constants(constants, values, equidistant_conic_constants(sphere, parms, values));
-}
-
-GX_API int gx_equidistant_conic_fwd(const double sphere[2], const double parms[16], int n,
-                                    double *coords, const int *ivals, const double *dvals)
-{
-    const EquidistantConic projection(sphere, parms, ivals, dvals);
-    if (!projection.valid())
-        return 0;
-    return convert_points(n, coords, [&](double *p) { projection.forward(p); });
-}
-
-GX_API int gx_equidistant_conic_inv(const double sphere[2], const double parms[16], int n,
-                                    double *coords, const int *ivals, const double *dvals)
-{
-    const EquidistantConic projection(sphere, parms, ivals, dvals);
-    if (!projection.valid())
-        return 0;
-    return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
-}
-
-} // extern "C"
+GX_DEFINE_PROJECTION_ROUTINES(equidistant_conic, EquidistantConic)

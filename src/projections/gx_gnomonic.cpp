@@ -9,7 +9,7 @@
 // sphere.  A point whose cos c is not above 2^-48 (the far hemisphere and the horizon) fails
 // forward; every plane point has an inverse.
 //
-// Constants record: 2 doubles, [0] cos phi_c, [1] sin phi_c.
+// Constants record: 2 doubles, [0] cos phi_c, [1] sin phi_c (SphericalCenterLayout).
 #include "projections/gx_auxiliary_sphere.h"
 #include "projections/gx_azimuthal.h"
 #include "projections/gx_projection_support.h"
@@ -20,28 +20,11 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kCount = 2;
-
-int gnomonic_constants(const double * /*sphere*/, const double parms[16], double *values)
-{
-    values[0] = std::cos(parms[slot::latitude_of_center]);
-    values[1] = std::sin(parms[slot::latitude_of_center]);
-    return kCount;
-}
-
-class Gnomonic {
+class Gnomonic : public SphericalCenterLayout {
 public:
-    Gnomonic(const double sphere[2], const double parms[16], const int *ivals, const double *dvals)
-        : radius_(sphere[0])
-    {
-        double local[kCount];
-        const double *values = given_constants(ivals, dvals, kCount);
-        if (values == nullptr) {
-            gnomonic_constants(sphere, parms, local);
-            values = local;
-        }
-        center_ = {parms[slot::longitude_of_center], values[0], values[1]};
-    }
+    Gnomonic(const double sphere[2], const double parms[16], const double *values)
+        : radius_(sphere[0]), center_(center_of(parms, values))
+    {}
 
     bool forward(double *point) const
     {
@@ -65,37 +48,10 @@ public:
 
 private:
     double radius_;
-    AzimuthalCenter center_{};
+    AzimuthalCenter center_;
 };
-
-const AuxiliarySphereBase kGnomonicBase = {gx_gnomonic_fwd, gx_gnomonic_inv, gnomonic_constants,
-                                           kCount};
 
 } // namespace
 
-extern "C" {
-
-GX_API int gx_gnomonic_const(gx_constants *constants, const double sphere[2],
-                             const double parms[16])
-{
-    double values[kCount];
-    return store_constants(constants, values, gnomonic_constants(sphere, parms, values));
-}
-
-GX_API int gx_gnomonic_fwd(const double sphere[2], const double parms[16], int n, double *coords,
-                           const int *ivals, const double *dvals)
-{
-    const Gnomonic projection(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { return projection.forward(p); });
-}
-
-GX_API int gx_gnomonic_inv(const double sphere[2], const double parms[16], int n, double *coords,
-                           const int *ivals, const double *dvals)
-{
-    const Gnomonic projection(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { projection.inverse(p); });
-}
-
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(gnomonic, kGnomonicBase)
-
-} // extern "C"
+GX_DEFINE_PROJECTION_ROUTINES(gnomonic, Gnomonic)
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(gnomonic, Gnomonic)

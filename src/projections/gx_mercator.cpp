@@ -23,52 +23,25 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kSphereCount = 2;
-constexpr int kEllipsoidCount = 20;
 constexpr int kBlockOffset = 2;
 
-int constants_count(double e2) { return is_sphere(e2) ? kSphereCount : kEllipsoidCount; }
-
-// The constants for a sphere or an ellipsoid; block_flags selects which halves of the conformal
-// block are computed (0 for all of them).
-int mercator_constants(const double sphere[2], const double parms[16], double *values,
-                       int block_flags)
-{
-    const double a = sphere[0], e2 = sphere[1], phi1 = parms[slot::standard_parallel_1];
-    if (is_sphere(e2)) {
-        values[0] = std::cos(phi1);
-        values[1] = a * values[0];
-        return kSphereCount;
-    }
-    values[0] = std::cos(phi1) / gx_w(e2, phi1);
-    values[1] = a * values[0];
-    gx_chi_conformal_constants(e2, values + kBlockOffset, block_flags);
-    values[kBlockOffset + GX_CHI_BLOCK_LEN] = 0.0;
-    values[kBlockOffset + GX_CHI_BLOCK_LEN + 1] = 0.0;
-    return kEllipsoidCount;
-}
-
-int all_constants(const double sphere[2], const double parms[16], double *values)
-{
-    return mercator_constants(sphere, parms, values, 0);
-}
-
-// One call's projection: the central meridian, the scale a K and, on the ellipsoid, the
-// conformal block.
-class Mercator {
+class Mercator : public ConstantsLayout<2, 20> {
 public:
-    Mercator(const double sphere[2], const double parms[16], const int *ivals, const double *dvals,
-             int block_flags)
-        : e2_(sphere[1]), lam0_(parms[slot::central_meridian])
+    static int constants(const double sphere[2], const double parms[16], double *values)
     {
-        const double *values = given_constants(ivals, dvals, constants_count(e2_));
-        if (values == nullptr) {
-            mercator_constants(sphere, parms, local_, block_flags);
-            values = local_;
-        }
-        a_k_ = values[1];
-        chi_block_ = is_sphere(e2_) ? nullptr : values + kBlockOffset;
+        return constants_with_block(sphere, parms, values, 0);
     }
+    // A call in one direction computes only the half of the conformal block it uses.
+    static int constants(const double sphere[2], const double parms[16], double *values, Pass pass)
+    {
+        return constants_with_block(sphere, parms, values,
+                                    pass == Pass::Forward ? GX_AUXLAT_FORWARD : GX_AUXLAT_INVERSE);
+    }
+
+    Mercator(const double sphere[2], const double parms[16], const double *values)
+        : e2_(sphere[1]), lam0_(parms[slot::central_meridian]), a_k_(values[1]),
+          chi_block_(is_sphere(e2_) ? nullptr : values + kBlockOffset)
+    {}
 
     void forward(double *point) const
     {
@@ -85,6 +58,25 @@ public:
     }
 
 private:
+    // K and a K, then on the ellipsoid the conformal block (block_flags selects its halves, 0 for
+    // both).
+    static int constants_with_block(const double sphere[2], const double parms[16], double *values,
+                                    int block_flags)
+    {
+        const double a = sphere[0], e2 = sphere[1], phi1 = parms[slot::standard_parallel_1];
+        if (is_sphere(e2)) {
+            values[0] = std::cos(phi1);
+            values[1] = a * values[0];
+            return kSphereCount;
+        }
+        values[0] = std::cos(phi1) / gx_w(e2, phi1);
+        values[1] = a * values[0];
+        gx_chi_conformal_constants(e2, values + kBlockOffset, block_flags);
+        values[kBlockOffset + GX_CHI_BLOCK_LEN] = 0.0;
+        values[kBlockOffset + GX_CHI_BLOCK_LEN + 1] = 0.0;
+        return kEllipsoidCount;
+    }
+
     double conformal(double phi) const
     {
         return chi_block_ ? gx_phi_to_chi_wconst(e2_, phi, chi_block_) : phi;
@@ -94,39 +86,11 @@ private:
         return chi_block_ ? gx_chi_to_phi_wconst(e2_, chi, chi_block_) : chi;
     }
 
-    double e2_, lam0_, a_k_ = 0.0;
-    const double *chi_block_ = nullptr;
-    double local_[kEllipsoidCount] = {};
+    double e2_, lam0_, a_k_;
+    const double *chi_block_;
 };
-
-const AuxiliarySphereBase kMercatorBase = {gx_mercator_fwd, gx_mercator_inv, all_constants,
-                                           kSphereCount};
 
 } // namespace
 
-extern "C" {
-
-GX_API int gx_mercator_const(gx_constants *constants, const double sphere[2],
-                             const double parms[16])
-{
-    double values[kEllipsoidCount];
-    return store_constants(constants, values, all_constants(sphere, parms, values));
-}
-
-GX_API int gx_mercator_fwd(const double sphere[2], const double parms[16], int n, double *coords,
-                           const int *ivals, const double *dvals)
-{
-    const Mercator mercator(sphere, parms, ivals, dvals, GX_AUXLAT_FORWARD);
-    return convert_points(n, coords, [&](double *p) { mercator.forward(p); });
-}
-
-GX_API int gx_mercator_inv(const double sphere[2], const double parms[16], int n, double *coords,
-                           const int *ivals, const double *dvals)
-{
-    const Mercator mercator(sphere, parms, ivals, dvals, GX_AUXLAT_INVERSE);
-    return convert_points(n, coords, [&](double *p) { mercator.inverse(p); });
-}
-
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(mercator, kMercatorBase)
-
-} // extern "C"
+GX_DEFINE_PROJECTION_ROUTINES(mercator, Mercator)
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(mercator, Mercator)

@@ -8,7 +8,7 @@
 // pair); its auxiliary-sphere form chooses the sphere.  Only the near hemisphere is seen: a point
 // with cos c < 0 fails forward, and a plane point farther than R from the center fails back.
 //
-// Constants record: 2 doubles, [0] cos phi_c, [1] sin phi_c.
+// Constants record: 2 doubles, [0] cos phi_c, [1] sin phi_c (SphericalCenterLayout).
 #include "projections/gx_auxiliary_sphere.h"
 #include "projections/gx_azimuthal.h"
 #include "projections/gx_projection_support.h"
@@ -19,29 +19,11 @@ namespace {
 
 using namespace gx::projections;
 
-constexpr int kCount = 2;
-
-int orthographic_constants(const double * /*sphere*/, const double parms[16], double *values)
-{
-    values[0] = std::cos(parms[slot::latitude_of_center]);
-    values[1] = std::sin(parms[slot::latitude_of_center]);
-    return kCount;
-}
-
-class Orthographic {
+class Orthographic : public SphericalCenterLayout {
 public:
-    Orthographic(const double sphere[2], const double parms[16], const int *ivals,
-                 const double *dvals)
-        : radius_(sphere[0])
-    {
-        double local[kCount];
-        const double *values = given_constants(ivals, dvals, kCount);
-        if (values == nullptr) {
-            orthographic_constants(sphere, parms, local);
-            values = local;
-        }
-        center_ = {parms[slot::longitude_of_center], values[0], values[1]};
-    }
+    Orthographic(const double sphere[2], const double parms[16], const double *values)
+        : radius_(sphere[0]), center_(center_of(parms, values))
+    {}
 
     bool forward(double *point) const
     {
@@ -70,37 +52,10 @@ public:
 
 private:
     double radius_;
-    AzimuthalCenter center_{};
+    AzimuthalCenter center_;
 };
-
-const AuxiliarySphereBase kOrthographicBase = {gx_orthographic_fwd, gx_orthographic_inv,
-                                               orthographic_constants, kCount};
 
 } // namespace
 
-extern "C" {
-
-GX_API int gx_orthographic_const(gx_constants *constants, const double sphere[2],
-                                 const double parms[16])
-{
-    double values[kCount];
-    return store_constants(constants, values, orthographic_constants(sphere, parms, values));
-}
-
-GX_API int gx_orthographic_fwd(const double sphere[2], const double parms[16], int n,
-                               double *coords, const int *ivals, const double *dvals)
-{
-    const Orthographic projection(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { return projection.forward(p); });
-}
-
-GX_API int gx_orthographic_inv(const double sphere[2], const double parms[16], int n,
-                               double *coords, const int *ivals, const double *dvals)
-{
-    const Orthographic projection(sphere, parms, ivals, dvals);
-    return convert_points(n, coords, [&](double *p) { return projection.inverse(p); });
-}
-
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(orthographic, kOrthographicBase)
-
-} // extern "C"
+GX_DEFINE_PROJECTION_ROUTINES(orthographic, Orthographic)
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(orthographic, Orthographic)

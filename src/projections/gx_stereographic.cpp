@@ -114,13 +114,4 @@ private:
 } // namespace
 
 GX_DEFINE_PROJECTION_ROUTINES(stereographic, Stereographic)
-
-namespace {
-const AuxiliarySphereBase kStereographicBase = {gx_stereographic_fwd, gx_stereographic_inv,
-                                                Stereographic::constants,
-                                                Stereographic::kSphereCount};
-} // namespace
-
-extern "C" {
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stereographic, kStereographicBase)
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(stereographic, Stereographic)
