@@ -15,6 +15,10 @@ namespace gx {
 // The number of parameter slots of a projected CS, vertical CS or transformation.
 inline constexpr int parameter_slots = 16;
 
+// A transformation whose method reads a grid names the grid's dataset by the name of the parameter
+// in this slot ("Dataset_<file>").
+inline constexpr int dataset_slot = 15;
+
 // The slots of a projection's parameters.
 namespace slot {
 enum : int {
@@ -64,7 +68,7 @@ enum : int {
     x_rotation_origin = 7,
     y_rotation_origin = 8,
     z_rotation_origin = 9,
-    dataset = 15,
+    dataset = dataset_slot,
 };
 } // namespace shift_slot
 
@@ -76,7 +80,7 @@ enum : int {
     latitude_of_evaluation = 6,
     inclination_north = 13,
     inclination_east = 14,
-    dataset = 15,
+    dataset = dataset_slot,
 };
 } // namespace height_slot
 

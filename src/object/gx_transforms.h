@@ -61,9 +61,7 @@ inline void unload_constants(transform_constants &constants)
     constants.loaded = 0;
 }
 
-// The grid a method reads is named by the parameter in the dataset slot ("Dataset_<file>");
-// empty when the slot is.
-constexpr int dataset_slot = 15;
+// The grid a method reads is named by the parameter in the dataset slot; empty when the slot is.
 inline const char *dataset_name(const parameter_array &parameters)
 {
     const gx_parameter *dataset = parameters[dataset_slot];

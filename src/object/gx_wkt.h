@@ -10,6 +10,7 @@
 #define GX_WKT_H
 
 #include "object/gx_core.h"
+#include "object/gx_slots.h"
 
 namespace gx {
 
@@ -40,7 +41,6 @@ struct wkt_sub {
 
 constexpr int wkt_max_values = 3;
 constexpr int wkt_max_slots = 8;
-constexpr int wkt_param_slots = 16;
 
 struct wkt_grammar {
     const char *keyword;
@@ -80,7 +80,7 @@ struct wkt_parse {
     int rest_count = 0;
     const char *rest[GX_MAX_TOKENS]; // the first rest_count are set (not cleared: 2 KiB)
     gx_object_header *slots[wkt_max_slots] = {};
-    gx_object_header *params[wkt_param_slots] = {};
+    gx_object_header *params[parameter_slots] = {};
 
     // Reports a WKT error (category 16) under the grammar's function name.
     void error(unsigned int number, const char *format, ...) GX_PRINTF(3, 4);

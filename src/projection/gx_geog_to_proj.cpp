@@ -6,27 +6,24 @@
 // constants once and caches them in the CS, converts the caller's points in place and applies
 // the false offsets and the linear unit around the routine.
 #include "object/gx_types.h"
+#include "projection/gx_math.h"
 
 #include <cmath>
 #include <cstring>
 
 namespace {
 
-constexpr double half_pi = 1.5707963267948966;
-constexpr double tolerance = 3.552713678800501e-15; // 2^-48
-
-// The slots that hold angles, and the false offsets.
-constexpr int angle_slots[] = {6, 2, 3, 8, 4, 9, 10, 11, 7, 14};
-constexpr int false_easting = 0, false_northing = 1;
-constexpr int standard_parallel_1 = 3, standard_parallel_2 = 4, scale_factor = 5;
-constexpr int x_scale = 12, y_scale = 13, height_or_option = 15;
+using gx::math::kHalfPi;
+namespace slot = gx::slot;
+using gx::parameter_slots;
 
 // The canonical frame of one projected CS.
 struct frame {
     double sphere[2]; // a, e2
-    double parms[16]; // slot values in radians and metres, with the defaults of absent slots
-    double angular;   // radians per unit of the geographic CS
-    double linear;    // metres per unit of the projected CS
+    double parms
+        [parameter_slots]; // slot values in radians and metres, with the defaults of absent slots
+    double angular;        // radians per unit of the geographic CS
+    double linear;         // metres per unit of the projected CS
 };
 
 // Builds the frame; false when the CS lacks a part it needs.
@@ -43,24 +40,24 @@ bool build_frame(const gx_projcs *cs, frame &f)
     f.linear = gx_unit_factor(cs->unit);
 
     gx_parameter *const *slots = cs->parameters;
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < parameter_slots; ++i)
         f.parms[i] = slots[i] != nullptr ? gx_parameter_value(slots[i]) : 0.0;
-    for (int slot : angle_slots)
-        f.parms[slot] *= f.angular;
-    f.parms[false_easting] *= f.linear;
-    f.parms[false_northing] *= f.linear;
-    if (slots[height_or_option] != nullptr &&
-        gx_strcmp_i(slots[height_or_option]->header.name, "Height") == 0)
-        f.parms[height_or_option] *= f.linear;
+    for (int angle : gx::projection_angle_slots)
+        f.parms[angle] *= f.angular;
+    for (int offset : gx::projection_offset_slots)
+        f.parms[offset] *= f.linear;
+    if (slots[slot::height] != nullptr &&
+        gx_strcmp_i(slots[slot::height]->header.name, "Height") == 0)
+        f.parms[slot::height] *= f.linear;
 
-    if (slots[scale_factor] == nullptr)
-        f.parms[scale_factor] = 1.0;
-    if (slots[standard_parallel_2] == nullptr)
-        f.parms[standard_parallel_2] = f.parms[standard_parallel_1];
-    if (slots[x_scale] == nullptr)
-        f.parms[x_scale] = 1.0;
-    if (slots[y_scale] == nullptr)
-        f.parms[y_scale] = 1.0;
+    if (slots[slot::scale_factor] == nullptr)
+        f.parms[slot::scale_factor] = 1.0;
+    if (slots[slot::standard_parallel_2] == nullptr)
+        f.parms[slot::standard_parallel_2] = f.parms[slot::standard_parallel_1];
+    if (slots[slot::x_scale] == nullptr)
+        f.parms[slot::x_scale] = 1.0;
+    if (slots[slot::y_scale] == nullptr)
+        f.parms[slot::y_scale] = 1.0;
     return true;
 }
 
@@ -99,10 +96,10 @@ int gx_geog_to_proj(gx_projcs *projcs, int n, double *coords)
         double *p = coords + 2 * i;
         p[0] *= f.angular;
         p[1] *= f.angular;
-        if (p[1] > half_pi)
-            p[1] = half_pi;
-        else if (p[1] < -half_pi)
-            p[1] = -half_pi;
+        if (p[1] > kHalfPi)
+            p[1] = kHalfPi;
+        else if (p[1] < -kHalfPi)
+            p[1] = -kHalfPi;
     }
     const int converted = forward(f.sphere, f.parms, n, coords, ivals, dvals);
     if (converted < 1) {
@@ -113,8 +110,8 @@ int gx_geog_to_proj(gx_projcs *projcs, int n, double *coords)
     }
     for (int i = 0; i < n; ++i) {
         double *p = coords + 2 * i;
-        p[0] = (p[0] + f.parms[false_easting]) / f.linear;
-        p[1] = (p[1] + f.parms[false_northing]) / f.linear;
+        p[0] = (p[0] + f.parms[slot::false_easting]) / f.linear;
+        p[1] = (p[1] + f.parms[slot::false_northing]) / f.linear;
     }
     return converted;
 }
@@ -139,20 +136,20 @@ int gx_proj_to_geog_center(gx_projcs *projcs, int n, double *coords, double cent
 
     for (int i = 0; i < n; ++i) {
         double *p = coords + 2 * i;
-        p[0] = p[0] * f.linear - f.parms[false_easting];
-        p[1] = p[1] * f.linear - f.parms[false_northing];
+        p[0] = p[0] * f.linear - f.parms[slot::false_easting];
+        p[1] = p[1] * f.linear - f.parms[slot::false_northing];
     }
     const int converted = inverse(f.sphere, f.parms, n, coords, ivals, dvals);
     if (converted < 1) {
         // Nothing converted: give the caller's input back.
         for (int i = 0; i < n; ++i) {
             double *p = coords + 2 * i;
-            p[0] = (p[0] + f.parms[false_easting]) / f.linear;
-            p[1] = (p[1] + f.parms[false_northing]) / f.linear;
+            p[0] = (p[0] + f.parms[slot::false_easting]) / f.linear;
+            p[1] = (p[1] + f.parms[slot::false_northing]) / f.linear;
         }
         return converted;
     }
-    const bool centred = std::fabs(center_radians) > tolerance;
+    const bool centred = std::fabs(center_radians) > gx::kTol;
     for (int i = 0; i < n; ++i) {
         double *p = coords + 2 * i;
         if (centred)
@@ -224,17 +221,16 @@ double unit_ratio(const gx_unit *old_unit, const gx_unit *new_unit)
     if (!gx_unit_p(new_unit))
         return 0.0;
     const double old_factor = gx_unit_factor(old_unit), new_factor = gx_unit_factor(new_unit);
-    if (std::fabs(old_factor - new_factor) <=
-        ((std::fabs(old_factor) + std::fabs(new_factor)) * 0.5 + 1.0) * tolerance)
+    if (gx::eq(old_factor, new_factor))
         return 0.0;
     return old_factor / new_factor;
 }
 
-void scale_slots(gx_parameter **parms, const int *slots, int count, double ratio)
+template <std::size_t N> void scale_slots(gx_parameter **parms, const int (&slots)[N], double ratio)
 {
-    for (int i = 0; i < count; ++i)
-        if (parms[slots[i]] != nullptr)
-            gx_parameter_value_set(parms[slots[i]], gx_parameter_value(parms[slots[i]]) * ratio);
+    for (int slot : slots)
+        if (parms[slot] != nullptr)
+            gx_parameter_value_set(parms[slot], gx_parameter_value(parms[slot]) * ratio);
 }
 
 // The geographic CS with its angular unit replaced by a copy of `unit`; null when memory runs out.
@@ -269,18 +265,17 @@ gx_projcs *gx_projcs_clone_alterunits(const gx_projcs *projcs, const gx_unit *li
     if (linear_ratio == 0.0 && angular_ratio == 0.0)
         return gx_projcs_clone(projcs);
 
-    gx_parameter *parms[16] = {};
+    gx_parameter *parms[parameter_slots] = {};
     bool complete = true;
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < parameter_slots; ++i)
         if (projcs->parameters[i] != nullptr) {
             parms[i] = gx_parameter_clone(projcs->parameters[i]);
             complete = complete && parms[i] != nullptr;
         }
-    const int offsets[] = {false_easting, false_northing};
     if (angular_ratio != 0.0)
-        scale_slots(parms, angle_slots, 10, angular_ratio);
+        scale_slots(parms, gx::projection_angle_slots, angular_ratio);
     if (linear_ratio != 0.0)
-        scale_slots(parms, offsets, 2, linear_ratio);
+        scale_slots(parms, gx::projection_offset_slots, linear_ratio);
 
     gx_projection *projection = gx_projection_clone(projcs->projection);
     gx_geogcs *geogcs = angular_ratio != 0.0 ? geogcs_in_unit(old_geogcs, angular_unit)
