@@ -729,6 +729,51 @@ GX_DECLARE_PROJECTION_ROUTINES(orthographic_auxs);
 GX_DECLARE_PROJECTION_ROUTINES(gnomonic_auxs);
 GX_DECLARE_PROJECTION_ROUTINES(stereographic_auxs);
 
+/* World and small-scale projections: central meridian (slot 2); Winkel I, II and Tripel also
+   the standard parallel of their equirectangular part (slot 3), the loximuthal its central
+   parallel (slot 6), Goode's homolosine and the cube the layout Option (slot 15), Fuller only
+   the Option.  Sinusoidal and Behrmann are ellipsoidal; the others are drawn on the sphere of
+   radius a (Miller and Van der Grinten I: the authalic radius) with the geodetic latitude, and
+   their auxiliary-sphere forms choose another sphere.  Inverses fail points outside the map.
+   Projections without a constants setup have no _const routine. */
+#define GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(stem)                                              \
+    GX_API int gx_##stem##_fwd(const double sphere[2], const double parms[16], int n,              \
+                               double *coords, const int *ivals, const double *dvals);             \
+    GX_API int gx_##stem##_inv(const double sphere[2], const double parms[16], int n,              \
+                               double *coords, const int *ivals, const double *dvals)
+GX_DECLARE_PROJECTION_ROUTINES(sinusoidal);
+GX_DECLARE_PROJECTION_ROUTINES(mollweide);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(eckert_vi);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(eckert_v);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(eckert_iv);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(eckert_iii);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(eckert_ii);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(eckert_i);
+GX_DECLARE_PROJECTION_ROUTINES(gall_stereographic);
+GX_DECLARE_PROJECTION_ROUTINES(behrmann);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(miller_cylindrical);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(winkel_i);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(winkel_ii);
+GX_DECLARE_PROJECTION_ROUTINES(winkel_tripel);
+GX_DECLARE_PROJECTION_ROUTINES(robinson);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(robinson_ks);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(quartic_authalic);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(loximuthal);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(van_der_grinten_i);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(aitoff);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(hammer_aitoff);
+GX_DECLARE_PROJECTION_ROUTINES(flat_polar_quartic);
+GX_DECLARE_PROJECTION_ROUTINES(craster_parabolic);
+GX_DECLARE_PROJECTION_ROUTINES(times);
+GX_DECLARE_PROJECTION_ROUTINES(goode_homolosine);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(fuller);
+GX_DECLARE_PER_CALL_PROJECTION_ROUTINES(cube);
+GX_DECLARE_PROJECTION_ROUTINES(mollweide_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(eckert_vi_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(eckert_iv_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(miller_cylindrical_auxs);
+GX_DECLARE_PROJECTION_ROUTINES(van_der_grinten_i_auxs);
+
 /* @@gridex-section:geogtran@@ */
 
 /* ============================================================================================

@@ -82,11 +82,13 @@ struct Parms {
 struct Routines {
     gx_prj_rtn fwd;
     gx_prj_rtn inv;
-    gx_pcsconst_rtn cst;
+    gx_pcsconst_rtn cst; // null for a projection without a constants setup
 };
 
 #define GX_ROUTINES(stem)                                                                          \
     gxtest::Routines { gx_##stem##_fwd, gx_##stem##_inv, gx_##stem##_const }
+#define GX_PER_CALL_ROUTINES(stem)                                                                 \
+    gxtest::Routines { gx_##stem##_fwd, gx_##stem##_inv, nullptr }
 
 // A projection under test: runs each routine with the constants its setup stored and without.
 class Subject {
@@ -97,13 +99,14 @@ public:
         sphere_[1] = e.e2;
         std::memcpy(parms_, p.v, sizeof parms_);
         constants_ = gx_constants_new();
-        count_ = r_.cst(constants_, sphere_, parms_);
+        count_ = r_.cst ? r_.cst(constants_, sphere_, parms_) : 0;
     }
     ~Subject() { gx_constants_del(constants_); }
     Subject(const Subject &) = delete;
     Subject &operator=(const Subject &) = delete;
 
     int constants_count() const { return count_; }
+    bool has_setup() const { return r_.cst != nullptr; }
     const double *dvals() const { return count_ ? gx_constants_dvals(constants_) : nullptr; }
     const int *ivals() const { return count_ ? gx_constants_ivals(constants_) : nullptr; }
 
@@ -263,7 +266,9 @@ inline void check_on_ellipsoids(Routines r, const Parms &p, const std::string &p
 {
     for (const Ellipsoid &e : ellipsoids()) {
         const Subject s(r, e, p);
-        ASSERT_GT(s.constants_count(), 0) << label << " " << e.name;
+        if (s.has_setup()) {
+            ASSERT_GT(s.constants_count(), 0) << label << " " << e.name;
+        }
         const Oracle oracle(proj_args + proj_ellipsoid(e));
         ASSERT_TRUE(oracle.ok()) << proj_args;
         EXPECT_GT(compare_with_proj(s, oracle, e, geo, fwd_worst, trip_worst, label),
