@@ -200,10 +200,10 @@ constexpr gx::projection_row projections[] = {
     row(43147, "Gnomonic_Auxiliary_Sphere", FORMULAS_OF(gnomonic_auxs), own_horizon, aux_center),
     row(43048, "Times", FORMULAS_OF(times), cylindrical, origin_only),
     row(43049, "Vertical_Near_Side_Perspective", pending, own_horizon, perspective),
-    row(43052, "Fuller", pending, own_horizon, option_only),
+    row(43052, "Fuller", PER_CALL_FORMULAS_OF(fuller), own_horizon, option_only),
     row(43053, "Rectified_Skew_Orthomorphic_Natural_Origin", pending, own_horizon, rectified_skew),
     row(43054, "Rectified_Skew_Orthomorphic_Center", pending, own_horizon, rectified_skew),
-    row(43055, "Cube", pending, own_horizon, origin_option),
+    row(43055, "Cube", PER_CALL_FORMULAS_OF(cube), own_horizon, origin_option),
     row(43058, "Local", pending, own_horizon, hotine_azimuth),
     row(43059, "Goode_Homolosine", FORMULAS_OF(goode_homolosine), own_horizon, origin_option),
     {}, // code 0 ends the table

@@ -29,7 +29,10 @@ struct EckertIIFormulas {
 
     static bool inverse(double x, double y, double *lam, double *phi)
     {
-        const double r = 2.0 - std::fabs(y) / kSqrt2PiBy3;
+        double abs_y = std::fabs(y);
+        if (!within_outline(&abs_y, kSqrt2PiBy3))
+            return false;
+        const double r = 2.0 - abs_y / kSqrt2PiBy3;
         double sin_phi = (4.0 - r * r) / 3.0;
         if (!within_outline(&sin_phi, 1.0))
             return false;

@@ -119,8 +119,9 @@ public:
             if (!homolosine_inverse(x - center, y, &l, &p))
                 continue;
             l += center;
-            if (l >= lobes[i].west * kDegree * (1.0 + kOutlineTol) - kOutlineTol &&
-                l <= lobes[i].east * kDegree * (1.0 + kOutlineTol) + kOutlineTol) {
+            const double west = lobes[i].west * kDegree, east = lobes[i].east * kDegree;
+            if (l >= west - kOutlineTol * (1.0 + std::fabs(west)) &&
+                l <= east + kOutlineTol * (1.0 + std::fabs(east))) {
                 *lam = std::fmax(-kPi, std::fmin(kPi, l));
                 *phi = p;
                 return true;

@@ -95,3 +95,107 @@ TEST(World, EveryProjectionAgreesWithProjOverTheMap)
     }
 }
 #endif
+
+namespace {
+
+struct RoundTripCase {
+    const char *label;
+    Routines routines;
+    Parms parms;
+};
+
+// Every world projection, with each layout of the interrupted ones.
+const std::vector<RoundTripCase> &round_trip_cases()
+{
+    static const std::vector<RoundTripCase> cases = [] {
+        std::vector<RoundTripCase> list;
+        for (const WorldCase &c : world_cases())
+            list.push_back({c.label, c.routines, c.parms});
+        list.push_back({"robinson", GX_ROUTINES(robinson), Parms{{2, 0}}});
+        list.push_back({"robinson_ks", GX_PER_CALL_ROUTINES(robinson_ks), Parms{{2, 30}}});
+        list.push_back({"goode uninterrupted", GX_ROUTINES(goode_homolosine), Parms{{2, 0}}});
+        list.push_back({"cube cross", GX_PER_CALL_ROUTINES(cube), Parms{{2, 20}}});
+        list.push_back({"cube strip", GX_PER_CALL_ROUTINES(cube), Parms{{2, 20}, {15, 1}}});
+        list.push_back({"fuller", GX_PER_CALL_ROUTINES(fuller), Parms{}});
+        return list;
+    }();
+    return cases;
+}
+
+} // namespace
+
+// The round trip over the whole map, poles and bounding meridians included, within 0.1 mm, and
+// with and without constants bit for bit.
+TEST(World, EveryProjectionRoundTripsOverTheWholeMap)
+{
+    for (const RoundTripCase &c : round_trip_cases()) {
+        Worst trip(std::string(c.label) + " round trip, whole map");
+        for (const Ellipsoid &e : {kWGS84, kEarthSphere}) {
+            const Subject s(c.routines, e, c.parms);
+            const std::vector<double> geo = world_grid(c.parms.v[2] / kDeg, 0.0, 0.0, 73);
+            std::vector<double> xy = geo, plain = geo;
+            ASSERT_EQ(s.fwd(xy), int(geo.size() / 2)) << c.label;
+            s.fwd(plain, false);
+            EXPECT_TRUE(bitwise_equal(xy, plain)) << c.label;
+            std::vector<double> back = xy, back_plain = xy;
+            EXPECT_EQ(s.inv(back), int(geo.size() / 2)) << c.label;
+            s.inv(back_plain, false);
+            EXPECT_TRUE(bitwise_equal(back, back_plain)) << c.label;
+            for (size_t i = 0; i < geo.size(); i += 2) {
+                const double d = ground_distance(e.a, back[i], back[i + 1], geo[i], geo[i + 1]);
+                trip.add(d, where(c.label, e, geo[i], geo[i + 1]));
+                EXPECT_LE(d, kRoundTripTol) << where(c.label, e, geo[i], geo[i + 1]);
+            }
+        }
+    }
+}
+
+// Plane points beyond the outline -- 1% outside the bounding meridians' images, in the gaps of
+// the interrupted layouts and the empty cells of the nets -- fail the inverse as NaN, uncounted.
+// (Behrmann's cylinder has its bounding meridians too: its x beyond +-180 degrees fails.)
+TEST(World, InversesFailPointsOutsideTheMap)
+{
+    for (const RoundTripCase &c : round_trip_cases()) {
+        const Subject s(c.routines, kWGS84, c.parms);
+        std::vector<double> edge;
+        for (double lat : {-60.0, -20.0, 0.0, 30.0, 75.0})
+            for (double dlon : {-179.999, 179.999}) {
+                edge.push_back(c.parms.v[2] + dlon * kDeg);
+                edge.push_back(lat * kDeg);
+            }
+        ASSERT_EQ(s.fwd(edge), int(edge.size() / 2)) << c.label;
+        std::vector<double> outside;
+        for (size_t i = 0; i < edge.size(); i += 2) {
+            outside.push_back(edge[i] * 1.01 + std::copysign(1e3, edge[i]));
+            outside.push_back(edge[i + 1]);
+        }
+        const double huge = 4e7; // beyond every map
+        outside.insert(outside.end(), {0.0, huge, huge, 0.0, -huge, -huge});
+        const std::string label = c.label;
+        const bool net = label.rfind("cube", 0) == 0 || label == "fuller";
+        if (label == "goode_homolosine land") // the gap between the lobes at -40 degrees, north
+            outside.insert(outside.end(), {-40.0 * kDeg * kWGS84.a, 75.0 * kDeg * kWGS84.a});
+        if (net) // an empty cell of the net, above the right face or above the strip's end
+            outside.insert(outside.end(), {2.0 * kWGS84.a, 2.2 * kWGS84.a});
+        const size_t first = net ? edge.size() : 0; // a net's edges may run into other faces
+        std::vector<double> back = outside;
+        const int converted = s.inv(back);
+        EXPECT_LE(converted, int((outside.size() - (outside.size() - first)) / 2)) << c.label;
+        for (size_t i = first; i < back.size(); i += 2)
+            EXPECT_TRUE(std::isnan(back[i]) && std::isnan(back[i + 1]))
+                << c.label << " (" << outside[i] << ", " << outside[i + 1] << ")";
+    }
+}
+
+// An unknown layout Option converts nothing.
+TEST(World, UnknownLayoutOptionsConvertNothing)
+{
+    for (const Routines r :
+         {GX_ROUTINES(goode_homolosine), GX_PER_CALL_ROUTINES(cube), GX_PER_CALL_ROUTINES(fuller)})
+        for (double option : {-1.0, 3.0, 0.5}) {
+            const Subject s(r, kWGS84, Parms{{15, option}});
+            std::vector<double> xy = {0.1, 0.2};
+            EXPECT_EQ(s.fwd(xy), 0) << option;
+            EXPECT_EQ(s.inv(xy), 0) << option;
+        }
+}
