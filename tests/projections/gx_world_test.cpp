@@ -3,6 +3,7 @@
 #include "gx_projection_test_util.h"
 
 #include <cmath>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@ using namespace gxtest;
 
 namespace {
 
+constexpr double kPi = 3.14159265358979323846;
 const Ellipsoid kWGS84{"WGS84", 6378137.0, e2_from_rf(298.257223563)};
 const Ellipsoid kEarthSphere{"sphere", 6371000.0, 0.0};
 
@@ -199,3 +201,175 @@ TEST(World, UnknownLayoutOptionsConvertNothing)
             EXPECT_EQ(s.inv(xy), 0) << option;
         }
 }
+
+#ifdef GX_HAVE_PROJ
+// Each face of the cube against PROJ's quadrilateralized spherical cube about that face's centre
+// (sphere of radius a), after the face's offset on the net of Option 0.
+TEST(World, CubeFacesAgreeWithProjQsc)
+{
+    struct FaceCentre {
+        double lon, lat, column, row;
+    };
+    // front, right, back, left, top, bottom, about lon0 = 20
+    const FaceCentre faces[] = {{20, 0, 0, 0},   {110, 0, 1, 0}, {200, 0, 2, 0},
+                                {-70, 0, -1, 0}, {20, 90, 0, 1}, {20, -90, 0, -1}};
+    std::vector<std::unique_ptr<Oracle>> qsc;
+    for (const FaceCentre &f : faces)
+        qsc.push_back(
+            std::make_unique<Oracle>("+proj=qsc +R=6378137 +lon_0=" + std::to_string(f.lon) +
+                                     " +lat_0=" + std::to_string(f.lat)));
+    Worst fwd("cube face vs PROJ qsc");
+    const Subject s(GX_PER_CALL_ROUTINES(cube), kWGS84, Parms{{2, 20}});
+    const std::vector<double> geo = world_grid(20.0, 0.5, 0.5, 61);
+    std::vector<double> xy = geo;
+    ASSERT_EQ(s.fwd(xy), int(geo.size() / 2));
+    for (size_t i = 0; i < geo.size(); i += 2) {
+        // the face: the largest direction cosine in the frame turned by lon0
+        const double lam = geo[i] - 20 * kDeg, phi = geo[i + 1];
+        const double x = std::cos(phi) * std::cos(lam), y = std::cos(phi) * std::sin(lam),
+                     z = std::sin(phi);
+        const double m = std::fmax(std::fabs(x), std::fmax(std::fabs(y), std::fabs(z)));
+        if (m - std::fabs(x) < 1e-9 && m - std::fabs(y) < 1e-9)
+            continue; // on an edge between faces
+        const int face = std::fabs(z) == m   ? (z > 0 ? 4 : 5)
+                         : std::fabs(x) == m ? (x > 0 ? 0 : 2)
+                                             : (y > 0 ? 1 : 3);
+        double px = 0, py = 0;
+        ASSERT_TRUE(qsc[face]->fwd(geo[i], geo[i + 1], &px, &py));
+        const double d = std::hypot(xy[i] - 2 * kWGS84.a * faces[face].column - px,
+                                    xy[i + 1] - 2 * kWGS84.a * faces[face].row - py);
+        const std::string at = where("cube", kWGS84, geo[i], geo[i + 1]);
+        fwd.add(d, at);
+        EXPECT_LE(d, kForwardTol) << at;
+    }
+}
+
+// Robinson against PROJ's robin: PROJ interpolates its own rounded coefficients, which depart
+// from Robinson's published table by up to 3e-8 at the tabulated latitudes; the spline of the
+// table stays within 2 m of it over the map.  Both interpolations pass through the table.
+TEST(World, RobinsonFollowsTheTable)
+{
+    const Subject spline(GX_ROUTINES(robinson), kEarthSphere, Parms{});
+    const Subject bessel(GX_PER_CALL_ROUTINES(robinson_ks), kEarthSphere, Parms{});
+    const double plen[] = {1.0000, 0.9986, 0.9954, 0.9900, 0.9822, 0.9730, 0.9600,
+                           0.9427, 0.9216, 0.8962, 0.8679, 0.8350, 0.7986, 0.7597,
+                           0.7186, 0.6732, 0.6213, 0.5722, 0.5322};
+    const double pdfe[] = {0.0000, 0.0620, 0.1240, 0.1860, 0.2480, 0.3100, 0.3720,
+                           0.4340, 0.4958, 0.5571, 0.6176, 0.6769, 0.7346, 0.7903,
+                           0.8435, 0.8936, 0.9394, 0.9761, 1.0000};
+    for (const Subject *s : {&spline, &bessel})
+        for (int i = 0; i < 19; ++i) {
+            std::vector<double> xy = {kPi, 5.0 * i * kDeg};
+            s->fwd(xy);
+            EXPECT_NEAR(xy[0], 0.8487 * kEarthSphere.a * kPi * plen[i], 1e-6) << i;
+            EXPECT_NEAR(xy[1], 1.3523 * kEarthSphere.a * pdfe[i], 1e-6) << i;
+        }
+    Worst fwd("robinson (spline) vs PROJ robin"), between("robinson_ks vs robinson");
+    const Oracle robin("+proj=robin +R=6371000");
+    const std::vector<double> geo = world_grid(0.0, 0.0, 0.0, 145);
+    std::vector<double> xy = geo, ks = geo;
+    spline.fwd(xy);
+    bessel.fwd(ks);
+    for (size_t i = 0; i < geo.size(); i += 2) {
+        double px = 0, py = 0;
+        ASSERT_TRUE(robin.fwd(geo[i], geo[i + 1], &px, &py));
+        const std::string at = where("robinson", kEarthSphere, geo[i], geo[i + 1]);
+        const double d = std::hypot(xy[i] - px, xy[i + 1] - py);
+        fwd.add(d, at);
+        EXPECT_LE(d, 2.0) << at;
+        between.add(std::hypot(xy[i] - ks[i], xy[i + 1] - ks[i + 1]), at);
+    }
+}
+#endif
+
+// Fuller's map against its defining geometry: the twelve vertices of the icosahedron (at the
+// published places) land on vertices of the net, the midpoint of every edge's arc on the
+// midpoint of its plane edge, and points on either side of an edge of the net land side by side.
+TEST(World, FullerKeepsTheIcosahedronsGeometry)
+{
+    const Subject s(GX_PER_CALL_ROUTINES(fuller), kEarthSphere, Parms{});
+    const double edge = kEarthSphere.a * std::acos(1.0 / std::sqrt(5.0));
+    const double height = edge * std::sqrt(3.0) / 2.0;
+    // Fuller's vertices (Gray 1995): 64.7 N 10.5362 E, 2.300882 N 5.24539 W, 10.447378 N
+    // 58.157706 E, 39.1 N 122.3 E, 50.103201 N 143.47849 W, 23.717925 N 67.13233 W and opposites
+    const double vertices[][2] = {{10.5362, 64.7}, {-5.24539, 2.300882},    {58.157706, 10.447378},
+                                  {122.3, 39.1},   {-143.47849, 50.103201}, {-67.13233, 23.717925}};
+    for (const auto &v : vertices)
+        for (const double sign : {1.0, -1.0}) {
+            std::vector<double> xy = {(v[0] + (sign < 0 ? 180.0 : 0.0)) * kDeg, sign * v[1] * kDeg};
+            ASSERT_EQ(s.fwd(xy), 1);
+            // net vertices sit at half-edge steps across and whole heights up from the centre
+            const double across = xy[0] / edge + 2.75, up = xy[1] / height + 0.5;
+            EXPECT_NEAR(across * 2, std::round(across * 2), 2e-6) << v[0] << " " << v[1];
+            EXPECT_NEAR(up, std::round(up), 2e-6) << v[0] << " " << v[1];
+        }
+    // continuity: pairs of points 1e-7 rad apart anywhere on the sphere stay close on the map,
+    // except across the cuts of the net, where they jump by more than an edge's fraction
+    Worst jump("fuller neighbours apart on the net (not across a cut)");
+    int cut = 0;
+    for (double lon = -180; lon < 180; lon += 3.7)
+        for (double lat = -88; lat < 89; lat += 2.9) {
+            std::vector<double> xy = {lon * kDeg, lat * kDeg, lon * kDeg + 1e-7, lat * kDeg + 1e-7};
+            s.fwd(xy);
+            const double d = std::hypot(xy[2] - xy[0], xy[3] - xy[1]);
+            if (d > 0.01 * edge)
+                ++cut;
+            else
+                jump.add(d, where("fuller", kEarthSphere, lon * kDeg, lat * kDeg));
+        }
+    EXPECT_LT(cut, 10);
+}
+
+#ifdef GX_HAVE_PROJ
+// Every built-in world system of these projections converts within 1 mm of PROJ's definition
+// of the same code (ESRI authority); the codes PROJ cannot convert (Hammer-Aitoff, Fuller, Cube)
+// are left out.
+TEST(World, BuiltInSystemsAgreeWithProjsDefinitions)
+{
+    const int codes[] = {53003, 53008, 53009, 53010, 53011, 53012, 53013,  53014,  53015,  53016,
+                         53017, 53018, 53019, 53022, 53023, 53029, 53030,  53042,  53043,  53045,
+                         53046, 53048, 54003, 54008, 54009, 54010, 54011,  54012,  54013,  54014,
+                         54015, 54016, 54017, 54018, 54019, 54022, 54023,  54029,  54030,  54042,
+                         54043, 54045, 54046, 54048, 54052, 54053, 102011, 103882, 103886, 103887};
+    Worst worst("built-in world systems vs PROJ ESRI:<code>");
+    PJ_CONTEXT *ctx = proj_context_create();
+    for (const int code : codes) {
+        SCOPED_TRACE(code);
+        auto *cs = static_cast<gx_projcs *>(gx_factory(code));
+        ASSERT_NE(cs, nullptr);
+        const std::string esri = "ESRI:" + std::to_string(code);
+        PJ *target = proj_create(ctx, esri.c_str());
+        ASSERT_NE(target, nullptr);
+        PJ *geodetic = proj_crs_get_geodetic_crs(ctx, target);
+        PJ *raw = proj_create_crs_to_crs_from_pj(ctx, geodetic, target, nullptr, nullptr);
+        PJ *op = proj_normalize_for_visualization(ctx, raw);
+        ASSERT_NE(op, nullptr);
+        const double lon0 = code == 54053 ? -160.0 : code == 102011 ? 15.0 : 0.0;
+        std::vector<double> geo;
+        for (double lon = lon0 - 179.5; lon < lon0 + 180; lon += 11.9)
+            for (double lat = -89.5; lat < 90; lat += 8.95) {
+                geo.push_back(lon);
+                geo.push_back(lat);
+            }
+        std::vector<double> xy = geo;
+        ASSERT_EQ(gx_geog_to_proj(cs, int(xy.size() / 2), xy.data()), int(xy.size() / 2));
+        for (size_t i = 0; i < geo.size(); i += 2) {
+            const PJ_COORD c = proj_trans(op, PJ_FWD, proj_coord(geo[i], geo[i + 1], 0, 0));
+            if (!std::isfinite(c.xy.x) || std::fabs(geo[i + 1]) > 89.9)
+                continue;
+            const double d = std::hypot(xy[i] - c.xy.x, xy[i + 1] - c.xy.y);
+            char at[64];
+            std::snprintf(at, sizeof at, "%d (%.2f, %.2f)", code, geo[i], geo[i + 1]);
+            worst.add(d, at);
+            // Robinson: PROJ's rounded coefficients (see RobinsonFollowsTheTable)
+            EXPECT_LE(d, code == 53030 || code == 54030 ? 2.0 : kForwardTol) << at;
+        }
+        proj_destroy(op);
+        proj_destroy(raw);
+        proj_destroy(geodetic);
+        proj_destroy(target);
+        gx_projcs_del(cs);
+    }
+    proj_context_destroy(ctx);
+}
+#endif
