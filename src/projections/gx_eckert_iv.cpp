@@ -68,10 +68,4 @@ using EckertIV = PerCallWorldProjection<EckertIVFormulas>;
 
 GX_DEFINE_PER_CALL_PROJECTION_ROUTINES(eckert_iv, EckertIV)
 
-namespace {
-const AuxiliarySphereBase kEckertIVBase = {gx_eckert_iv_fwd, gx_eckert_iv_inv, nullptr, 0};
-} // namespace
-
-extern "C" {
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(eckert_iv, kEckertIVBase)
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(eckert_iv, EckertIV)

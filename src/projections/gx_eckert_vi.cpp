@@ -58,10 +58,4 @@ using EckertVI = PerCallWorldProjection<EckertVIFormulas>;
 
 GX_DEFINE_PER_CALL_PROJECTION_ROUTINES(eckert_vi, EckertVI)
 
-namespace {
-const AuxiliarySphereBase kEckertVIBase = {gx_eckert_vi_fwd, gx_eckert_vi_inv, nullptr, 0};
-} // namespace
-
-extern "C" {
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(eckert_vi, kEckertVIBase)
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(eckert_vi, EckertVI)

@@ -46,11 +46,4 @@ using MillerCylindrical = PerCallWorldProjection<MillerFormulas, WorldSphere::Au
 
 GX_DEFINE_PER_CALL_PROJECTION_ROUTINES(miller_cylindrical, MillerCylindrical)
 
-namespace {
-const AuxiliarySphereBase kMillerBase = {gx_miller_cylindrical_fwd, gx_miller_cylindrical_inv,
-                                         nullptr, 0};
-} // namespace
-
-extern "C" {
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(miller_cylindrical, kMillerBase)
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(miller_cylindrical, MillerCylindrical)

@@ -15,11 +15,4 @@ using Mollweide = WorldProjection<MollweideFormulas>;
 
 GX_DEFINE_PROJECTION_ROUTINES(mollweide, Mollweide)
 
-namespace {
-const AuxiliarySphereBase kMollweideBase = {gx_mollweide_fwd, gx_mollweide_inv,
-                                            Mollweide::constants, Mollweide::kSphereCount};
-} // namespace
-
-extern "C" {
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(mollweide, kMollweideBase)
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(mollweide, Mollweide)

@@ -142,11 +142,4 @@ using VanDerGrintenI = PerCallWorldProjection<VanDerGrintenFormulas, WorldSphere
 
 GX_DEFINE_PER_CALL_PROJECTION_ROUTINES(van_der_grinten_i, VanDerGrintenI)
 
-namespace {
-const AuxiliarySphereBase kVanDerGrintenBase = {gx_van_der_grinten_i_fwd, gx_van_der_grinten_i_inv,
-                                                nullptr, 0};
-} // namespace
-
-extern "C" {
-GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(van_der_grinten_i, kVanDerGrintenBase)
-}
+GX_DEFINE_AUXILIARY_SPHERE_ROUTINES(van_der_grinten_i, VanDerGrintenI)
